@@ -40,19 +40,23 @@ struct Sample {
     std::string label;
 };
 
-// Openings of 1 to 16 stones, each beside an earlier one, inside the 9x9 centre.
-std::vector<Sample> randomOpenings(int count, std::uint32_t seed) {
+// Openings of 1 to `maxStones` stones, each beside an earlier one, inside the
+// centre square of side `box`.
+std::vector<Sample> randomOpenings(int count, std::uint32_t seed, int maxStones = 16, int box = 9) {
     std::mt19937 rng(seed);
     std::vector<Sample> samples;
     for (int i = 0; i < count; ++i) {
         Sample sample;
         SearchState& s = sample.state;
-        const int stones = 1 + static_cast<int>(rng() % 16);
+        const int stones = 1 + static_cast<int>(rng() % static_cast<unsigned>(maxStones));
+        const int low = 8 - box / 2;
         for (int n = 0; n < stones; ++n) {
             std::int16_t x, y;
             do {
-                x = static_cast<std::int16_t>(4 + rng() % 9);
-                y = static_cast<std::int16_t>(4 + rng() % 9);
+                x = static_cast<std::int16_t>(low +
+                                              static_cast<int>(rng() % static_cast<unsigned>(box)));
+                y = static_cast<std::int16_t>(low +
+                                              static_cast<int>(rng() % static_cast<unsigned>(box)));
             } while (s.position.board[x][y] != empty || (n > 0 && s.position.nearCount[x][y] == 0));
             placeStone(s.position, x, y, n % 2 == 0 ? black : white);
         }
@@ -151,6 +155,12 @@ void compareAll(PlayerKind kind, std::uint32_t seed) {
             compareKind(sample, kind, 3);
             if (::testing::Test::HasFatalFailure()) return;
         }
+    // Compact clusters keep the literal depth-4 trees small and often hold
+    // threes and fours, where the last line of play can end early.
+    for (const Sample& sample : randomOpenings(scaled(40), seed + 4, 12, 5)) {
+        compareKind(sample, kind, 4);
+        if (::testing::Test::HasFatalFailure()) return;
+    }
 }
 
 TEST(SearchDifferential, ComputerA) {
