@@ -112,17 +112,21 @@ BENCHMARK(searchBesideLiteral)
 int printSignature() {
     std::uint64_t nodes = 0;
     std::uint64_t checksum = 0;
-    for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind)
+    for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind) {
+        std::uint64_t kindNodes = 0;
         for (const SearchState& position : signaturePositions()) {
             SearchState s = position;
             seatKind(s, kind);
             const std::int16_t step = s.stepNum;
             const Score value = runKind(SearchSet{}, kind, s, 3);
-            nodes += s.nodesSearched;
+            kindNodes += s.nodesSearched;
             for (std::int64_t part : {std::int64_t{value}, std::int64_t{s.bestX[step]},
                                       std::int64_t{s.bestY[step]}, std::int64_t{s.stepNum}})
                 checksum = checksum * 1000003u + static_cast<std::uint64_t>(part);
         }
+        std::printf("kind %d: nodes %llu\n", kind, static_cast<unsigned long long>(kindNodes));
+        nodes += kindNodes;
+    }
     std::printf("signature: nodes %llu checksum %016llx\n", static_cast<unsigned long long>(nodes),
                 static_cast<unsigned long long>(checksum));
     return 0;

@@ -21,6 +21,11 @@ struct CandidateSet {
                std::popcount(words[3]);
     }
 
+    bool contains(Point p) const {
+        const int index = 16 * p.x + p.y;
+        return (words[index >> 6] >> (index & 63)) & 1;
+    }
+
     // Calls visit(Point) for each candidate in scan order while it returns true.
     template <class Visit>
     void forEach(Visit&& visit) const {

@@ -72,15 +72,28 @@ struct OpponentModel {
             return {leafScoreAfter<Own>(pos, summarize<Own>(pos), p.x, p.y, side, oneMore(step)),
                     side * best};
         }
+        // The child the model's leaf score likes best, searched first and exactly,
+        // gives a floor for the choice: children below it are cut off early.
+        const int probe = favourite<Model>(pos, side, step, list);
+        Point killer{};
+        Score floor;
+        {
+            const Point p = list.points[probe];
+            TrialStone stone(pos, p.x, p.y, side);
+            floor = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity,
+                                        scoreInfinity, &killer);
+        }
         for (int i = 0; i < list.count; ++i) {
-            const Point p = list.points[i];
-            Score v;
-            {
-                // Only a strictly better child can become the choice.
+            // Only a strictly better child can become the choice.
+            const Score lower = std::min(std::max(best, floor - 1), stop - 1);
+            Score v = floor;
+            if (i != probe) {
+                const Point p = list.points[i];
                 TrialStone stone(pos, p.x, p.y, side);
-                v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity, -best);
+                v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity, -lower,
+                                        &killer);
             }
-            if (v > best) {
+            if (v > lower && v > best) {
                 best = v;
                 chosen = i;
                 if (v >= stop) break;

@@ -82,13 +82,6 @@ struct ModelRules {
     }
 };
 
-// Value of the node with `step` stones and `depth` plies left, from its mover's
-// view, searched with the window (alpha, beta), alpha < beta:
-//   result >= beta : the value is at least beta (the result is then beta);
-//   result <= alpha: the value is at most the result;
-//   otherwise      : the result is the value.
-// Leaves the position tables as it found them; writes neither stepNum nor the
-// chosen points.
 // Candidates with the mover's score of each child as a leaf, best first.
 struct OrderedCandidates {
     struct Entry {
@@ -116,20 +109,40 @@ void orderByLeafScore(const Position& pos, Side side, std::int16_t step, Ordered
               });
 }
 
+// Index in `list` of the first candidate whose child has the mover's best score
+// as a leaf.
+template <class Eval>
+int favourite(const Position& pos, Side side, std::int16_t step, const CandidateList& list) {
+    const CensusSummary summary = summarize<Eval>(pos);
+    int best = 0;
+    Score bestKey = -scoreInfinity;
+    for (int i = 0; i < list.count; ++i) {
+        const Point p = list.points[i];
+        const Score key = side * leafScoreAfter<Eval>(pos, summary, p.x, p.y, side, oneMore(step));
+        if (key > bestKey) {
+            bestKey = key;
+            best = i;
+        }
+    }
+    return best;
+}
+
 // Value of the node with `step` stones and `depth` plies left, from its mover's
 // view, searched with the window (alpha, beta), alpha < beta:
 //   result >= beta : the value is at least beta (the result is then beta);
 //   result <= alpha: the value is at most the result;
 //   otherwise      : the result is the value.
 // Leaves the position tables as it found them; writes neither stepNum nor the
-// chosen points.
+// chosen points. `killer`, shared by siblings, remembers a leaf point that
+// cut off a node with depth 1.
 //
 // With beta at or below the stop threshold the value no longer depends on the
 // order of the children: a child reaching the threshold fails high anyway, and
 // below it the value is the plain maximum. Then the children most promising
 // for the mover go first.
 template <class Rules>
-Score windowValue(SearchState& s, std::int16_t step, std::int16_t depth, Score alpha, Score beta) {
+Score windowValue(SearchState& s, std::int16_t step, std::int16_t depth, Score alpha, Score beta,
+                  Point* killer = nullptr) {
     using Eval = typename Rules::Scorer;
     Position& pos = s.position;
     ++s.nodesSearched;
@@ -143,12 +156,24 @@ Score windowValue(SearchState& s, std::int16_t step, std::int16_t depth, Score a
     if (depth == 1) {
         // Children are leaves: scored from the census without placing a stone.
         const CensusSummary summary = summarize<Eval>(pos);
-        findCandidates(pos).forEach([&](Point p) {
+        const CandidateSet candidates = findCandidates(pos);
+        auto leafValue = [&](Point p) {
             ++s.nodesSearched;
-            const Score v =
-                side * leafScoreAfter<Eval>(pos, summary, p.x, p.y, side, oneMore(step));
+            return side * leafScoreAfter<Eval>(pos, summary, p.x, p.y, side, oneMore(step));
+        };
+        // The point that cut off a sibling is tried first, where order is free.
+        Point tried{};
+        if (killer != nullptr && beta <= stop && candidates.contains(*killer)) {
+            tried = *killer;
+            best = leafValue(tried);
+            if (best >= beta) return beta;
+        }
+        candidates.forEach([&](Point p) {
+            if (p == tried) return true;
+            const Score v = leafValue(p);
             if (v >= beta) {
                 best = beta;
+                if (killer != nullptr) *killer = p;
                 return false;
             }
             if (v > best) best = v;
@@ -158,12 +183,13 @@ Score windowValue(SearchState& s, std::int16_t step, std::int16_t depth, Score a
     }
 
     // One child; false once the node's value is settled.
+    Point childKiller{};
     auto tryChild = [&](Point p) {
         const Score lower = std::min(std::max(alpha, best), stop - 1);
         Score v;
         {
             TrialStone stone(pos, p.x, p.y, side);
-            v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -beta, -lower);
+            v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -beta, -lower, &childKiller);
         }
         if (v >= beta) {
             best = beta;

@@ -188,5 +188,31 @@ TEST(SearchDifferential, RootsThatAreNotExpanded) {
         }
 }
 
+// Player kinds callers never set up (the knowing kind on both colours, on
+// neither, or waiting at the root) still give the node-by-node results.
+TEST(SearchDifferential, KindsOutsideTheCallersPromise) {
+    const SearchSet production;
+    const SearchSet reference = reference::literalSearchSet();
+    const PlayerKind seats[][2] = {{aKnowsB, aKnowsB},     {bKnowsA, bKnowsA},
+                                   {computerA, computerB}, {userKind, userKind},
+                                   {computerB, aKnowsB},   {bKnowsA, computerA}};
+    for (const Sample& sample : randomOpenings(30, 55, 8))
+        for (const auto& seat : seats)
+            for (std::int16_t depth = 1; depth <= 2; ++depth) {
+                SearchState fast = sample.state;
+                fast.blackSide = seat[0];
+                fast.whiteSide = seat[1];
+                SearchState literal = fast;
+                const std::int16_t step = fast.stepNum;
+                ASSERT_EQ(production.searchAKnowsB(fast, step, depth),
+                          reference.searchAKnowsB(literal, step, depth));
+                ASSERT_EQ(production.searchBKnowsA(fast, step, depth),
+                          reference.searchBKnowsA(literal, step, depth));
+                ASSERT_EQ(fast.bestX[step], literal.bestX[step]);
+                ASSERT_EQ(fast.bestY[step], literal.bestY[step]);
+                ASSERT_EQ(fast.stepNum, literal.stepNum);
+            }
+}
+
 }  // namespace
 }  // namespace quintline
