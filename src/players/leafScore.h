@@ -78,11 +78,12 @@ inline constexpr std::array<std::array<LineEffect, 40>, 2> effectsOf = lineEffec
 
 }  // namespace leaf
 
-// Score with depth 0 and stepNum `stepAfter` of the position with a stone of
-// `side` added at the empty point (x, y). Leaves `pos` untouched.
+// The summary of the position with a stone of `side` added at the empty point
+// (x, y), from the summary `node` of the position as it stands. Leaves `pos`
+// untouched.
 template <class Eval>
-Score leafScoreAfter(const Position& pos, const CensusSummary& node, int x, int y, Side side,
-                     std::int16_t stepAfter) {
+CensusSummary summaryAfter(const Position& pos, const CensusSummary& node, int x, int y,
+                           Side side) {
     const auto& effects = leaf::effectsOf<Eval>[side == black ? 1 : 0];
     const int ownRow = sideRow(side);
     const int otherRow = 2 - ownRow;
@@ -96,13 +97,50 @@ Score leafScoreAfter(const Position& pos, const CensusSummary& node, int x, int 
         gain += e.gain;
         counts += e.counts;
     }
-    int four[3] = {node.four[0], 0, node.four[2]};
-    int five[3] = {node.five[0], 0, node.five[2]};
-    four[ownRow] += leaf::countField(counts, leaf::ownFours);
-    five[ownRow] += leaf::countField(counts, leaf::ownFives);
-    four[otherRow] += leaf::countField(counts, leaf::otherFours);
-    const std::int64_t base = node.base + std::int64_t{side} * gain;
-    return finishScore(base, four[2], four[0], five[2], five[0], stepAfter, 0);
+    CensusSummary after = node;
+    after.four[ownRow] += leaf::countField(counts, leaf::ownFours);
+    after.five[ownRow] += leaf::countField(counts, leaf::ownFives);
+    after.four[otherRow] += leaf::countField(counts, leaf::otherFours);
+    after.base = node.base + std::int64_t{side} * gain;
+    return after;
 }
+
+inline Score scoreOf(const CensusSummary& sum, std::int16_t stepNum, std::int16_t depth) {
+    return finishScore(sum.base, sum.four[2], sum.four[0], sum.five[2], sum.five[0], stepNum,
+                       depth);
+}
+
+// Score with depth 0 and stepNum `stepAfter` of the position with a stone of
+// `side` added at the empty point (x, y). Leaves `pos` untouched.
+template <class Eval>
+Score leafScoreAfter(const Position& pos, const CensusSummary& node, int x, int y, Side side,
+                     std::int16_t stepAfter) {
+    return scoreOf(summaryAfter<Eval>(pos, node, x, y, side), stepAfter, 0);
+}
+
+// Adds a stone at (x, y) to the line codes only, for the life of the guard, so
+// that the leaf scores of a second stone can be worked out without placing the
+// first one. Nothing but summaryAfter and leafScoreAfter may look at `pos`
+// meanwhile.
+class LineCodesWith {
+  public:
+    LineCodesWith(Position& pos, int x, int y, Side side)
+        : pos_(pos), x_(x), y_(y), step_(side == black ? 8 : 1) {
+        shift(step_);
+    }
+    ~LineCodesWith() { shift(-step_); }
+    LineCodesWith(const LineCodesWith&) = delete;
+    LineCodesWith& operator=(const LineCodesWith&) = delete;
+
+  private:
+    void shift(int by) {
+        const std::int16_t* ids = &pointLines().entries[x_][y_][1];
+        for (int n = 0; n < pointLines().count(x_, y_); ++n)
+            pos_.lineCode[ids[n]] = static_cast<std::int16_t>(pos_.lineCode[ids[n]] + by);
+    }
+    Position& pos_;
+    int x_, y_;
+    int step_;
+};
 
 }  // namespace quintline

@@ -75,6 +75,7 @@ struct OpponentModel {
         // The child the model's leaf score likes best, searched first and exactly,
         // gives a floor for the choice: children below it are cut off early.
         const int probe = favourite<Model>(pos, side, step, list);
+        const CensusSummary modelSummary = summarize<Model>(pos);
         Point killer{};
         Score floor;
         {
@@ -89,6 +90,9 @@ struct OpponentModel {
             Score v = floor;
             if (i != probe) {
                 const Point p = list.points[i];
+                if (depth == 2 &&
+                    killerCutsChild<Rules>(s, modelSummary, p, side, step, -lower, killer))
+                    continue;
                 TrialStone stone(pos, p.x, p.y, side);
                 v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity, -lower,
                                         &killer);

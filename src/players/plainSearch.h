@@ -62,23 +62,44 @@ Score plainSearch(SearchState& s, std::int16_t step, std::int16_t depth) {
     CandidateList list;
     findCandidates(pos, list);
     const CensusSummary summary = summarize<Eval>(pos);
+    // The child the evaluator likes best as a leaf, searched first and exactly:
+    // the root's value is at least its value, so children below it are only
+    // proved to be below.
+    const int probe = depth == 1 || list.count == 0 ? -1 : favourite<Eval>(pos, side, step, list);
+    Score floor = -scoreInfinity;
+    Point killer{};
+    if (probe >= 0) {
+        const Point p = list.points[probe];
+        TrialStone stone(pos, p.x, p.y, side);
+        floor = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity, scoreInfinity,
+                                    &killer);
+    }
     Score best = -scoreInfinity;
     int last = -1;
     for (int i = 0; i < list.count; ++i) {
         const Point p = list.points[i];
         last = i;
-        Score v;
+        // One below the larger of best and floor: a later equal value must be seen
+        // exactly, as the last of equals is chosen; below the stop threshold, so
+        // that the first child reaching it is seen exactly too.
+        const Score atLeast = std::max(best, floor);
+        const Score lower =
+            atLeast == -scoreInfinity ? -scoreInfinity : std::min(atLeast - 1, stop - 1);
+        Score v = floor;
         if (depth == 1) {
             ++s.nodesSearched;
             v = side * leafScoreAfter<Eval>(pos, summary, p.x, p.y, side, oneMore(step));
-        } else {
-            // best - 1 as the lower bound: a later equal value must be seen exactly,
-            // as the last of equals is chosen. best stays below the stop threshold.
-            const Score lower = best == -scoreInfinity ? -scoreInfinity : best - 1;
-            TrialStone stone(pos, p.x, p.y, side);
-            v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity, -lower);
+        } else if (i != probe) {
+            if (depth == 2 && killerCutsChild<Rules>(s, summary, p, side, step, -lower, killer)) {
+                v = lower;
+            } else {
+                TrialStone stone(pos, p.x, p.y, side);
+                v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity, -lower,
+                                        &killer);
+            }
         }
-        if (v >= best) {
+        const bool exact = lower == -scoreInfinity || v > lower;
+        if (exact && v >= best) {
             best = v;
             s.bestX[step] = p.x;
             s.bestY[step] = p.y;

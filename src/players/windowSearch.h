@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 
 #include "players/candidates.h"
 #include "players/leafScore.h"
@@ -81,6 +82,34 @@ struct ModelRules {
         return reachesWin(score) && reachesWin(Own::score(pos, step, depth));
     }
 };
+
+// True when the child reached by a stone of `side` at p, a node with depth 1,
+// reaches `childBeta` (its mover's view) by the leaf at `killer` alone. Worked
+// out from the census without placing either stone; `node` summarizes the
+// current position for the rules' evaluator. False proves nothing: the child
+// has to be searched.
+template <class Rules>
+bool killerCutsChild(SearchState& s, const CensusSummary& node, Point p, Side side,
+                     std::int16_t step, Score childBeta, Point killer) {
+    using Eval = typename Rules::Scorer;
+    Position& pos = s.position;
+    if (killer.x == 0 || killer == p || step + 1 >= maxStones) return false;
+    if (pos.board[killer.x][killer.y] != empty) return false;
+    const bool beside = std::abs(killer.x - p.x) <= 1 && std::abs(killer.y - p.y) <= 1;
+    if (pos.nearCount[killer.x][killer.y] == 0 && !beside) return false;
+    const CensusSummary child = summaryAfter<Eval>(pos, node, p.x, p.y, side);
+    // A five may finish the child before its depth runs out.
+    if (child.five[0] != 0 || child.five[2] != 0) return false;
+    // Past the stop threshold the order of the leaves matters.
+    const Side mover = static_cast<Side>(-side);
+    if (childBeta > (child.four[sideRow(mover)] == 0 ? sureScore : winScore)) return false;
+    LineCodesWith first(pos, p.x, p.y, side);
+    const Score v =
+        mover * leafScoreAfter<Eval>(pos, child, killer.x, killer.y, mover, oneMore(oneMore(step)));
+    if (v < childBeta) return false;
+    s.nodesSearched += 2;
+    return true;
+}
 
 // Candidates with the mover's score of each child as a leaf, best first.
 struct OrderedCandidates {
@@ -184,10 +213,11 @@ Score windowValue(SearchState& s, std::int16_t step, std::int16_t depth, Score a
 
     // One child; false once the node's value is settled.
     Point childKiller{};
+    const CensusSummary summary = summarize<Eval>(pos);
     auto tryChild = [&](Point p) {
         const Score lower = std::min(std::max(alpha, best), stop - 1);
-        Score v;
-        {
+        Score v = lower;  // the child reaching -lower makes this an upper bound
+        if (depth != 2 || !killerCutsChild<Rules>(s, summary, p, side, step, -lower, childKiller)) {
             TrialStone stone(pos, p.x, p.y, side);
             v = -windowValue<Rules>(s, oneMore(step), oneLess(depth), -beta, -lower, &childKiller);
         }
