@@ -257,13 +257,16 @@ TEST(NoPoint, ADepthBelowOneCommitsNoStone) {
     EXPECT_EQ(tk.count(Request::candidateFrames), 0u);
     EXPECT_EQ(s.clickAllowed, flagFalse);
 
-    // A game between computers at depth 0 ends at once instead of looping.
-    s.blackSide = computerB;
-    s.whiteSide = computerA;
-    s.depthB = -1;
+    // A game between computers with a negative depth ends at once.
+    s.blackSide = computerA;
+    s.whiteSide = computerB;
+    s.depthB = -2;
+    tk.forget();
     session.game.computerGame();
     EXPECT_EQ(s.stepNum, 1);
     EXPECT_EQ(s.gameResult, gameDrawn);
+    EXPECT_EQ(tk.lastCaption(Control::Label1), "-2");
+    EXPECT_EQ(tk.lastCaption(Control::winLab), "not sure");
     EXPECT_EQ(tk.lastEnabled(Control::cmdBack), true);
 }
 
