@@ -200,7 +200,7 @@ TEST(ComputerMove, PredictionFromTheScore) {
     }
 }
 
-TEST(ComputerMove, OpeningAndSuggestionAfterTheMove) {
+TEST(ComputerMove, TheOpeningSearchesNothingButRefreshesTheSuggestion) {
     RecordingToolkit tk;
     Game game(tk);
     GameState& s = game.state();
@@ -226,16 +226,6 @@ TEST(ComputerMove, OpeningAndSuggestionAfterTheMove) {
     EXPECT_EQ(tk.captionsOf(Control::Label1), std::vector<std::string>{"2"});
     ASSERT_EQ(tk.count(Request::suggestionMark), 1u);
     EXPECT_LT(tk.find(Request::stoneAndRing), tk.find(Request::suggestionMark));
-
-    // After a searched move too: the mark comes after the frames, and Label1
-    // ends with the suggestion's depth.
-    s.depthB = 1;
-    tk.forget();
-    EXPECT_EQ(game.computerMove(computerB), gameOpen);
-    EXPECT_EQ(tk.captionsOf(Control::Label1), (std::vector<std::string>{"1", "2"}));
-    EXPECT_LT(tk.find(Request::candidateFrames), tk.find(Request::suggestionMark));
-    const Point mark = tk.of(Request::suggestionMark)[0].point;
-    EXPECT_EQ(s.position.board[mark.x][mark.y], empty);
 }
 
 TEST(NoPoint, ADepthBelowOneCommitsNoStone) {
