@@ -79,23 +79,34 @@ double secondsFor(const SearchSet& set, PlayerKind kind, std::int16_t depth, std
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Time per move of the production search; counters give its nodes per second,
-// the literal search's time per move on the same positions, and the ratio.
+// Time for all bench positions with the production search; counters give its
+// nodes per second, the time per move of both searches and their ratio. The
+// literal search is timed once per position at depth 4, else repeated for at
+// least a quarter of a second.
 void searchBesideLiteral(benchmark::State& state) {
     const auto kind = static_cast<PlayerKind>(state.range(0));
     const auto depth = static_cast<std::int16_t>(state.range(1));
     const double moves = static_cast<double>(benchPositions().size());
-    const double literal = secondsFor(reference::literalSearchSet(), kind, depth, nullptr);
+    double literal = 0;
+    int rounds = 0;
+    do {
+        literal += secondsFor(reference::literalSearchSet(), kind, depth, nullptr);
+        ++rounds;
+    } while (depth < 4 && literal < 0.25);
+    literal /= rounds;
     std::uint64_t nodes = 0;
     double fast = 0;
     for (auto _ : state) {
         const double seconds = secondsFor(SearchSet{}, kind, depth, &nodes);
         fast += seconds;
-        state.SetIterationTime(seconds / moves);
+        state.SetIterationTime(seconds);
     }
-    state.counters["nodes/s"] = benchmark::Counter(static_cast<double>(nodes) / fast);
-    state.counters["literal_ms"] = 1000 * literal / moves;
-    state.counters["ratio"] = literal / (fast / static_cast<double>(state.iterations()));
+    fast /= static_cast<double>(state.iterations());
+    state.counters["nodes/s"] =
+        static_cast<double>(nodes) / (fast * static_cast<double>(state.iterations()));
+    state.counters["ms/move"] = 1000 * fast / moves;
+    state.counters["literal_ms/move"] = 1000 * literal / moves;
+    state.counters["ratio"] = literal / fast;
 }
 
 void allKindsAndDepths(benchmark::internal::Benchmark* b) {

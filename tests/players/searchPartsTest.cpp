@@ -181,7 +181,12 @@ void expectWindowContract(const SearchState& start, std::int16_t depth, std::mt1
 
 TEST(WindowValue, KeepsItsContractAgainstTheLiteralValue) {
     std::mt19937 rng(99);
-    for (int n = 0; n < 60; ++n) {
+#ifdef NDEBUG
+    const int positions = 60;
+#else
+    const int positions = 15;  // unoptimised builds run the literal search slowly
+#endif
+    for (int n = 0; n < positions; ++n) {
         // Compact clusters: threes and fours are common, trees stay small.
         SearchState s;
         const int stones = 3 + static_cast<int>(rng() % 12);
