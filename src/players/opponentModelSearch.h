@@ -54,6 +54,7 @@ struct OpponentModel {
         findCandidates(pos, list);
         Score best = -scoreInfinity;  // model score, mover's view
         int chosen = -1;
+        if (list.count == 0) return {worstFor(side), side * best};  // only ever an empty board
         if (depth == 1) {
             const CensusSummary summary = summarize<Model>(pos);
             s.nodesSearched += static_cast<std::uint64_t>(list.count);
