@@ -12,11 +12,6 @@ std::int16_t drawCoordinate(UniformSource& uniform, int width, int offset) {
     return static_cast<std::int16_t>(std::min(whole, width) + offset);
 }
 
-// The side userColour must hold for opening stone k: white on even k.
-Side colourOfStone(int k) {
-    return k % 2 == 0 ? white : black;
-}
-
 }  // namespace
 
 Opening drawOpening(UniformSource& uniform) {
@@ -35,17 +30,6 @@ Opening drawOpening(UniformSource& uniform) {
         opening.stones[i] = p;
     }
     return opening;
-}
-
-void setUpOpening(Game& game, const Opening& opening) {
-    GameState& state = game.state();
-    state.userColour = white;
-    game.newGame();
-    state.twoUsers = flagTrue;
-    for (std::size_t i = 0; i < opening.stones.size(); ++i) {
-        state.userColour = colourOfStone(static_cast<int>(i) + 2);
-        game.userMove(opening.stones[i].x, opening.stones[i].y);
-    }
 }
 
 }  // namespace quintline

@@ -5,8 +5,8 @@
 
 #include <array>
 
-#include "game/game.h"
 #include "harness/uniformSource.h"
+#include "position/types.h"
 
 namespace quintline {
 
@@ -18,9 +18,5 @@ struct Opening {
 
 // Uses two numbers per attempt: r for x, then s for y.
 Opening drawOpening(UniformSource& uniform);
-
-// A new game holding the opening, laid by newGame and userMove as two users
-// would, so that every stone is in the move record.
-void setUpOpening(Game& game, const Opening& opening);
 
 }  // namespace quintline

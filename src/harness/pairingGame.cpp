@@ -21,6 +21,11 @@ ResultGroup playFromPosition(Game& game, const Pairing& pairing) {
     return creditGame(pairing, state.gameResult, state.stepNum);
 }
 
+// The side userColour must hold for opening stone k: white on even k.
+Side colourOfStone(int k) {
+    return k % 2 == 0 ? white : black;
+}
+
 template <typename Start>
 CycleResults playAll(Game& game, const Start& start) {
     CycleResults results;
@@ -30,6 +35,17 @@ CycleResults playAll(Game& game, const Start& start) {
 }
 
 }  // namespace
+
+void setUpOpening(Game& game, const Opening& opening) {
+    GameState& state = game.state();
+    state.userColour = white;
+    game.newGame();
+    state.twoUsers = flagTrue;
+    for (std::size_t i = 0; i < opening.stones.size(); ++i) {
+        state.userColour = colourOfStone(static_cast<int>(i) + 2);
+        game.userMove(opening.stones[i].x, opening.stones[i].y);
+    }
+}
 
 ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening) {
     setDepths(game.state(), pairing);

@@ -9,6 +9,10 @@
 
 namespace quintline {
 
+// A new game holding the opening, laid by newGame and userMove as two users
+// would, so that every stone is in the move record.
+void setUpOpening(Game& game, const Opening& opening);
+
 // Sets the depths, lays the opening, sets the sides and their captions, plays
 // the game through computerGame and credits it.
 ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening);
