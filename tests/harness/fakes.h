@@ -10,19 +10,18 @@
 
 namespace quintline::testing {
 
-// Each time-of-day call gives the next text, each timer call the next reading.
+// Gives the scripted texts and readings in order, then "??:??:??" and 0.
 class ScriptedClock final : public Clock {
   public:
     ScriptedClock(std::deque<std::string> times, std::deque<float> readings)
         : times_(std::move(times)), readings_(std::move(readings)) {}
     std::string timeOfDay() override { return take(times_, std::string("??:??:??")); }
-    float secondsSinceMidnight() override { return take(readings_, -1.0f); }
-    std::size_t unusedReadings() const { return readings_.size() + times_.size(); }
+    float secondsSinceMidnight() override { return take(readings_, 0.0f); }
 
   private:
     template <typename T>
-    static T take(std::deque<T>& queue, T whenEmpty) {
-        if (queue.empty()) return whenEmpty;
+    static T take(std::deque<T>& queue, T fallback) {
+        if (queue.empty()) return fallback;
         T value = queue.front();
         queue.pop_front();
         return value;

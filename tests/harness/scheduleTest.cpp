@@ -45,19 +45,5 @@ TEST(Crediting, BlackWinGoesToBlackFamilyEverythingElseToWhiteFamily) {
     }
 }
 
-TEST(Crediting, CountsOnlyTheLetterAInItsOwnColumn) {
-    CycleResults results;
-    results.fill({'B', 30});
-    results[1] = {'A', 225};  // a draw of pairing 2
-    results[12] = {'A', 31};
-    CreditCounts counts{};
-    countCredits(counts, results);
-    countCredits(counts, results);
-    CreditCounts expected{};
-    expected[1] = 2;
-    expected[12] = 2;
-    EXPECT_EQ(counts, expected);
-}
-
 }  // namespace
 }  // namespace quintline
