@@ -4,11 +4,10 @@
 //
 // Blanks (and tabs) before a field are skipped. A text ends at a comma or a
 // line end and loses its trailing blanks; in double quotes it may hold commas
-// and blanks. A number ends at a blank, a
-// comma or a line end, and the blanks behind it plus one comma or line end
-// behind those belong to it, so the trailing blank of a written number never
-// reads as an empty field. Empty lines before a number are skipped. A line end
-// is CR LF, a lone LF or a lone CR.
+// and blanks. A number ends at a blank, a comma or a line end, and the blanks
+// behind it plus one comma or line end behind those belong to it, so the
+// trailing blank of a written number never reads as an empty field. Empty
+// lines before a number are skipped. A line end is CR LF, a lone LF or a lone CR.
 
 #include <cstdint>
 #include <istream>
