@@ -53,16 +53,16 @@ int finish(const BatchOutcome& outcome, Report& report, Console console) {
 }  // namespace
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
-    const std::uint64_t seed = command.seed.value_or(clockSeed());
-    if (!command.seed)
-        complain(console.err, "seed " + std::to_string(seed) + " (repeat with --seed " +
-                                  std::to_string(seed) + ")");
     Report report(command.report, environment.clock);
     // A fresh session's boardFilePath: empty.
     if (!report.open({})) {
         complain(console.err, reportNotStarted(report.file()));
         return exitRefused;
     }
+    const std::uint64_t seed = command.seed.value_or(clockSeed());
+    if (!command.seed)
+        complain(console.err, "seed " + std::to_string(seed) + " (repeat with --seed " +
+                                  std::to_string(seed) + ")");
     SeededUniform uniform(seed);
     TournamentJobs jobs(command.cycles, uniform);
     MessageLog messages(console.err);
