@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,7 @@ inline std::vector<Point> recordedGame(std::size_t index) {
     while (words >> word && word.front() != '#')
         moves.push_back({static_cast<std::int16_t>(word.front() - 'A' + 1),
                          static_cast<std::int16_t>(16 - std::stoi(word.substr(1)))});
+    if (moves.empty()) throw std::runtime_error("no recorded game: is QUINTLINE_DATA_DIR set?");
     return moves;
 }
 
