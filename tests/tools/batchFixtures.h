@@ -4,7 +4,6 @@
 // report split into its lines.
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -14,6 +13,7 @@
 
 #include "boardfile/boardFileFormat.h"
 #include "players/searchSet.h"
+#include "support/gameRecords.h"
 #include "support/scratchDirectory.h"
 
 namespace quintline::testing {
@@ -49,20 +49,11 @@ inline void writeBoardFile(const std::filesystem::path& file, const std::vector<
     writeBytes(file, formatBoardFile(state));
 }
 
-// Game `index` (from 0) of the real games in the test data, as points.
+// Game `index` (from 0) of the real games in the test data.
 inline std::vector<Point> recordedGame(std::size_t index) {
-    const char* dir = std::getenv("QUINTLINE_DATA_DIR");
-    std::ifstream in(std::filesystem::path(dir ? dir : "") / "gomocup-freestyle15.txt");
-    std::string line;
-    for (std::size_t i = 0; i <= index; ++i) std::getline(in, line);
-    std::vector<Point> moves;
-    std::istringstream words(line);
-    std::string word;
-    while (words >> word && word.front() != '#')
-        moves.push_back({static_cast<std::int16_t>(word.front() - 'A' + 1),
-                         static_cast<std::int16_t>(16 - std::stoi(word.substr(1)))});
-    if (moves.empty()) throw std::runtime_error("no recorded game: is QUINTLINE_DATA_DIR set?");
-    return moves;
+    const std::vector<GameRecord> games = loadGameRecords();
+    if (games.size() <= index) throw std::runtime_error("no recorded game: " + gameRecordsPath());
+    return games[index].moves;
 }
 
 // The lines of a report without their CR LF.
