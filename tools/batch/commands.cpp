@@ -65,7 +65,7 @@ int tournamentCommand(const TournamentCommand& command, Environment& environment
                                   std::to_string(seed) + ")");
     SeededUniform uniform(seed);
     TournamentJobs jobs(command.cycles, uniform);
-    MessageLog messages(console.err);
+    MessageLog messages(console.err, console.progress);
     const BatchOutcome outcome = playBatch(
         jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
     return finish(outcome, report, console);
@@ -84,7 +84,7 @@ int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, 
         return exitRefused;
     }
     TestSuiteJobs jobs(list);
-    MessageLog messages(console.err);
+    MessageLog messages(console.err, console.progress);
     const BatchOutcome outcome = playBatch(
         jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
     return finish(outcome, report, console);

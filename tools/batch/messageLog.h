@@ -9,10 +9,13 @@ namespace quintline::batch {
 
 class MessageLog {
   public:
-    explicit MessageLog(std::ostream& out) : out_(out) {}
+    // A terminal showing a progress line gets each message on a cleared line.
+    explicit MessageLog(std::ostream& out, bool overProgress = false)
+        : out_(out), overProgress_(overProgress) {}
 
     void line(std::string_view text) {
         std::lock_guard lock(mutex_);
+        if (overProgress_) out_ << "\r\x1b[K";
         out_ << text << '\n';
         out_.flush();
     }
@@ -20,6 +23,7 @@ class MessageLog {
   private:
     std::mutex mutex_;
     std::ostream& out_;
+    bool overProgress_;
 };
 
 }  // namespace quintline::batch
