@@ -16,6 +16,9 @@
 
 #include "game/game.h"
 #include "game/silentToolkit.h"
+#include "harness/opening.h"
+#include "harness/pairingGame.h"
+#include "harness/uniformSource.h"
 #include "players/searchSet.h"
 #include "reference/literalSearches.h"
 #include "support/gameRecords.h"
@@ -122,55 +125,27 @@ BENCHMARK(searchBesideLiteral)
     ->Unit(benchmark::kMillisecond)
     ->MinTime(0.5);
 
-// The fourteen pairings of a tournament: kinds of black and white, depthA, depthB.
-struct Pairing {
-    PlayerKind black, white;
-    std::int16_t depthA, depthB;
-};
-constexpr Pairing schedule[14] = {
-    {computerA, computerB, 3, 2}, {computerB, computerA, 3, 2}, {aKnowsB, computerB, 3, 2},
-    {computerB, aKnowsB, 3, 2},   {computerA, computerB, 2, 3}, {computerB, computerA, 2, 3},
-    {computerA, bKnowsA, 2, 3},   {bKnowsA, computerA, 2, 3},   {computerA, computerB, 3, 3},
-    {computerB, computerA, 3, 3}, {aKnowsB, computerB, 3, 3},   {computerB, aKnowsB, 3, 3},
-    {computerA, bKnowsA, 3, 3},   {bKnowsA, computerA, 3, 3}};
-
-// Fixed six-stone openings around the centre, one per cycle.
-constexpr Point openings[4][6] = {{{8, 8}, {9, 9}, {7, 9}, {10, 7}, {8, 10}, {6, 8}},
-                                  {{8, 8}, {7, 7}, {9, 7}, {8, 6}, {10, 8}, {9, 10}},
-                                  {{8, 8}, {8, 9}, {6, 7}, {9, 6}, {7, 10}, {10, 10}},
-                                  {{8, 8}, {10, 9}, {9, 8}, {7, 6}, {6, 9}, {8, 11}}};
-
-// Plays every pairing from every opening, as tournament cycles do; returns the
-// seconds taken and adds the stones played to `stones`.
-double cyclesWith(const SearchSet& searches, std::uint64_t& stones) {
+// Tournament cycles of the fourteen pairings from four seeded random openings,
+// through the batch harness; returns the seconds taken.
+double cyclesWith(const SearchSet& searches) {
+    SilentToolkit toolkit;
+    Game game(toolkit, searches);
+    game.startSession();
+    game.newGame();
+    SeededUniform uniform(1234);
     const auto start = std::chrono::steady_clock::now();
-    for (const auto& opening : openings)
-        for (const Pairing& pairing : schedule) {
-            SilentToolkit toolkit;
-            Game game(toolkit, searches);
-            game.startSession();
-            game.newGame();
-            for (int i = 0; i < 6; ++i)
-                game.Putchess(opening[i].x, opening[i].y, i % 2 ? white : black);
-            GameState& s = game.state();
-            s.blackSide = pairing.black;
-            s.whiteSide = pairing.white;
-            s.depthA = pairing.depthA;
-            s.depthB = pairing.depthB;
-            game.computerGame();
-            stones += static_cast<std::uint64_t>(s.stepNum);
-        }
+    for (int cycle = 0; cycle < 4; ++cycle)
+        benchmark::DoNotOptimize(playCycle(game, drawOpening(uniform)));
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Four cycles of the fourteen pairings with the production searches; counters
-// give the literal searches' time for the same games and the ratio.
+// Four cycles with the production searches; counters give the literal searches'
+// time for the same games and the ratio.
 void pairingCyclesBesideLiteral(benchmark::State& state) {
-    std::uint64_t stones = 0;
-    const double literal = cyclesWith(reference::literalSearchSet(), stones);
+    const double literal = cyclesWith(reference::literalSearchSet());
     double fast = 0;
     for (auto _ : state) {
-        const double seconds = cyclesWith(SearchSet{}, stones);
+        const double seconds = cyclesWith(SearchSet{});
         fast += seconds;
         state.SetIterationTime(seconds);
     }
