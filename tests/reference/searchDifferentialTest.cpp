@@ -176,6 +176,46 @@ TEST(SearchDifferential, BKnowsA) {
     compareAll(bKnowsA, 4000);
 }
 
+// A five of one colour outweighed, for evalA, by a block of fours of the other:
+// one evaluator sees a finished game and the other does not, so the searches
+// go on past a five.
+std::vector<Sample> outweighedFives(int count, std::uint32_t seed) {
+    std::mt19937 rng(seed);
+    std::vector<Sample> samples;
+    for (int i = 0; i < count; ++i) {
+        Sample sample;
+        SearchState& s = sample.state;
+        const Side fiveSide = i % 2 == 0 ? black : white;
+        const auto row = static_cast<std::int16_t>(1 + rng() % 2);
+        const auto from = static_cast<std::int16_t>(1 + rng() % 4);
+        for (std::int16_t k = 0; k < 5; ++k)
+            placeStone(s.position, static_cast<std::int16_t>(from + k), row, fiveSide);
+        const auto bx = static_cast<std::int16_t>(4 + rng() % 6);
+        const auto by = static_cast<std::int16_t>(6 + rng() % 5);
+        for (std::int16_t dx = 0; dx < 4; ++dx)
+            for (std::int16_t dy = 0; dy < 4; ++dy)
+                placeStone(s.position, static_cast<std::int16_t>(bx + dx),
+                           static_cast<std::int16_t>(by + dy), static_cast<Side>(-fiveSide));
+        s.stepNum = static_cast<std::int16_t>(21 + i % 2);  // both colours to move
+        sample.label = "outweighed five " + std::to_string(i);
+        samples.push_back(sample);
+    }
+    return samples;
+}
+
+TEST(SearchDifferential, OutweighedFives) {
+    const std::vector<Sample> samples = outweighedFives(scaled(16), 66);
+    for (const Sample& sample : samples) {
+        const Position& p = sample.state.position;
+        ASSERT_LT(std::abs(evalA(p, sample.state.stepNum, 1)), winScore) << sample.label;
+        for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind)
+            for (std::int16_t depth = 1; depth <= 3; ++depth) {
+                compareKind(sample, kind, depth);
+                if (HasFatalFailure()) return;
+            }
+    }
+}
+
 // Depth 0, leaves at the root and the empty board, where nothing is searched.
 TEST(SearchDifferential, RootsThatAreNotExpanded) {
     std::vector<Sample> samples = gamePositions(20, 77);
