@@ -26,16 +26,40 @@ std::string tournamentReport(const SearchSet& searches, int cycles,
     return testing::readBytes(reportFile);
 }
 
-TEST(BatchRun, TournamentReportIsTheSameWithTheLiteralSearches) {
+// A search one ply shallower (at least 1): unoptimised builds run the literal
+// searches too slowly for whole tournaments at full depth.
+template <auto search>
+auto shallower(SearchState& s, std::int16_t step, std::int16_t depth) {
+    return search(s, step, static_cast<std::int16_t>(depth > 2 ? depth - 1 : 1));
+}
+
+template <auto a, auto b, auto aKnowsB, auto bKnowsA>
+SearchSet forThisBuild() {
+    SearchSet set;
 #ifdef NDEBUG
-    const int cycles = 3;
+    set.searchA = a;
+    set.searchB = b;
+    set.searchAKnowsB = aKnowsB;
+    set.searchBKnowsA = bKnowsA;
 #else
-    const int cycles = 1;  // the literal searches are slow in unoptimised builds
+    set.searchA = &shallower<a>;
+    set.searchB = &shallower<b>;
+    set.searchAKnowsB = &shallower<aKnowsB>;
+    set.searchBKnowsA = &shallower<bKnowsA>;
 #endif
+    return set;
+}
+
+TEST(BatchRun, TournamentReportIsTheSameWithTheLiteralSearches) {
+    const int cycles = 3;
     testing::ScratchDirectory dir;
-    const std::string fast = tournamentReport(SearchSet{}, cycles, dir / "fast.txt");
+    const std::string fast =
+        tournamentReport(forThisBuild<&searchA, &searchB, &searchAKnowsB, &searchBKnowsA>(), cycles,
+                         dir / "fast.txt");
     const std::string literal =
-        tournamentReport(reference::literalSearchSet(), cycles, dir / "literal.txt");
+        tournamentReport(forThisBuild<&reference::searchA, &reference::searchB,
+                                      &reference::searchAKnowsB, &reference::searchBKnowsA>(),
+                         cycles, dir / "literal.txt");
     EXPECT_EQ(fast, literal);
     // Start, header, one line of fourteen games per cycle, summary, end, used time.
     std::size_t lines = 0;
