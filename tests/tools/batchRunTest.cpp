@@ -282,13 +282,15 @@ TEST(BatchRun, StopBeforeTheFirstGameStillClosesTheReport) {
 }
 
 // Hands out a tournament's cycles and puts a directory in place of the report
-// before the second one, so that a game line can no longer be appended.
+// (already opened, its header written) before the first one, so that no game
+// line can be appended. Breaking it any later races the first cycle: with fast
+// searches that cycle's line can be written before the second job is taken.
 class ReportBreakingJobs final : public JobSource {
   public:
     ReportBreakingJobs(UniformSource& uniform, std::filesystem::path report)
         : inner_(6, uniform), report_(std::move(report)) {}
     std::optional<BatchJob> next() override {
-        if (++calls_ == 2) {
+        if (++calls_ == 1) {
             std::filesystem::remove(report_);
             std::filesystem::create_directory(report_);
         }
