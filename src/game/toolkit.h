@@ -47,7 +47,9 @@ class Toolkit {
     // A message box with no title; blocks until answered.
     virtual MessageAnswer messageBox(std::string_view text, MessageButtons buttons) = 0;
 
-    // Figures of the board picture. Colours are side codes.
+    // Figures of the board picture. Colours are side codes. A figure does not
+    // repaint the window by itself: the logic asks for repaint() where the user
+    // must see it at once.
     virtual void drawClearAndGrid() = 0;
     // The stone and, when its colour is the opposite of userColour, the ring on it.
     virtual void drawStoneAndRing(Point point, Side colour, Side userColour) = 0;
