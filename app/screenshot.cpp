@@ -17,7 +17,10 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     quintline::MainForm window;
     window.show();
-    QTest::qWaitForWindowExposed(&window);
+    if (!QTest::qWaitForWindowExposed(&window)) {
+        std::fprintf(stderr, "the window did not appear\n");
+        return 1;
+    }
 
     // Cells in twips: the centre of point (x, y) is at ((x - 0.5) * 533, (y - 0.5) * 533).
     const int moves[][2] = {{7, 7}, {9, 7}, {7, 9}};

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <optional>
 
+#include "game/designValues.h"
 #include "game/settings.h"
 #include "ui/aboutBox.h"
 #include "ui/boardFileDialog.h"
@@ -23,9 +24,8 @@ namespace quintline {
 
 namespace {
 
-constexpr const char* designTitle = "Quintline Version 3.5";
-constexpr double boardPicWidth = 8000;
-constexpr double boardPicHeight = 8000;
+constexpr double boardPicWidth = design::boardWidth;
+constexpr double boardPicHeight = design::boardWidth;  // the board is square
 
 QString fromView(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -46,7 +46,7 @@ QPushButton* makeButton(QWidget* parent, const char* name, const char* caption,
 MainForm::MainForm(SearchSet searches, QWidget* parent)
     : QMainWindow(parent), scale_(TwipScale::ofScreen()), game_(*this, searches) {
     setObjectName("mainForm");
-    setWindowTitle(designTitle);
+    setWindowTitle(fromView(design::mainCaption));
     auto* client = new QWidget(this);
     client->setObjectName("client");
     client->setMinimumSize(scale_.pixels(10950), scale_.pixels(8865));
@@ -309,7 +309,7 @@ void MainForm::drawSuggestionMark(Point point) {
 }
 
 std::string MainForm::designCaption() {
-    return designTitle;
+    return std::string(design::mainCaption);
 }
 
 double MainForm::boardWidth() {
