@@ -137,6 +137,30 @@ TEST_F(MainFormTest, OpensWithTheDesignedControlsAndTheOpeningStone) {
               form.boardPicture().canvas().image());
 }
 
+// Counts the paint events a widget receives.
+class PaintCounter : public QObject {
+  public:
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++paints;
+        return false;
+    }
+};
+
+TEST_F(MainFormTest, ForcedRepaintPaintsTheBoardWithoutTheEventLoop) {
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    QApplication::processEvents();
+    PaintCounter counter;
+    form.boardPicture().installEventFilter(&counter);
+    // A stone drawn inside a running routine only asks for a later paint ...
+    form.drawStoneAndRing({3, 3}, black, white);
+    EXPECT_EQ(counter.paints, 0);
+    // ... and the forced repaint brings it to the screen before returning.
+    form.repaint();
+    EXPECT_GE(counter.paints, 1);
+}
+
 TEST_F(MainFormTest, MenuBarHoldsItsItemsInOrderWithTheirCaptions) {
     const QList<QAction*> bar = form.menuBar()->actions();
     QStringList barItems;
@@ -324,6 +348,25 @@ TEST_F(MainFormTest, AboutBoxOpensFromTheMenuAndClosesWithOk) {
     form.findChild<QAction*>("about")->trigger();
     EXPECT_EQ(title, "About MyApp");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+}  // namespace
+}  // namespace quintline
+
+namespace quintline {
+namespace {
+
+TEST(MainFormQuit, QuitItemEndsTheEventLoopAtOnce) {
+    MainForm form;
+    form.show();
+    QTimer::singleShot(0, &form, [&] { form.findChild<QAction*>("quit")->trigger(); });
+    // Should quit not end the loop, this ends it with a different code.
+    QTimer fallback;
+    fallback.setSingleShot(true);
+    QObject::connect(&fallback, &QTimer::timeout, [] { QCoreApplication::exit(1); });
+    fallback.start(3000);
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_TRUE(form.isVisible());  // nothing was asked or closed first
 }
 
 }  // namespace
