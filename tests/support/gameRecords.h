@@ -1,0 +1,66 @@
+#pragma once
+// Real tournament games (tests/data/gomocup-freestyle15.txt) as lists of
+// points, and positions made from their first moves.
+
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "players/searchState.h"
+
+namespace quintline::testing {
+
+struct GameRecord {
+    std::vector<Point> moves;  // black first, colours alternate
+};
+
+inline std::string gameRecordsPath() {
+    if (const char* dir = std::getenv("QUINTLINE_DATA_DIR"))
+        return std::string(dir) + "/gomocup-freestyle15.txt";
+#ifdef QUINTLINE_DEFAULT_DATA_DIR
+    return QUINTLINE_DEFAULT_DATA_DIR "/gomocup-freestyle15.txt";
+#else
+    return "tests/data/gomocup-freestyle15.txt";
+#endif
+}
+
+// A move such as "H8": column letter A..O from the left, row 1..15 from the bottom.
+inline bool parseMove(const std::string& text, Point& point) {
+    if (text.size() < 2 || text[0] < 'A' || text[0] > 'O') return false;
+    const int row = std::atoi(text.c_str() + 1);
+    if (row < 1 || row > boardSize) return false;
+    point = {static_cast<std::int16_t>(text[0] - 'A' + 1), static_cast<std::int16_t>(16 - row)};
+    return true;
+}
+
+// Every game of the file; an unreadable file gives an empty list.
+inline std::vector<GameRecord> loadGameRecords(const std::string& path = gameRecordsPath()) {
+    std::vector<GameRecord> games;
+    std::ifstream in(path);
+    std::string line;
+    while (std::getline(in, line)) {
+        std::istringstream words(line);
+        std::string word;
+        GameRecord game;
+        Point point;
+        while (words >> word && word[0] != '#')
+            if (parseMove(word, point)) game.moves.push_back(point);
+        if (!game.moves.empty()) games.push_back(std::move(game));
+    }
+    return games;
+}
+
+// The position after the first `count` moves of a game, with stepNum counting them.
+inline SearchState positionAfter(const GameRecord& game, std::size_t count) {
+    SearchState s;
+    for (std::size_t i = 0; i < count && i < game.moves.size(); ++i) {
+        placeStone(s.position, game.moves[i].x, game.moves[i].y, i % 2 == 0 ? black : white);
+        ++s.stepNum;
+    }
+    return s;
+}
+
+}  // namespace quintline::testing
