@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -72,7 +73,9 @@ GameCode Game::computerMove(PlayerKind kind) {
         if (kind >= computerA && kind <= bKnowsA) {
             toolkit_.setCaption(Control::Label1, std::to_string(depth));
             toolkit_.setCaption(Control::whoRun, runningCaption(kind));
-            score = runSearch(searches_, s, kind, depth);
+            // Below depth 1 the search only scores the position and chooses
+            // nothing; a negative depth would never reach a leaf.
+            score = runSearch(searches_, s, kind, std::max<std::int16_t>(depth, 0));
             s.stepNum = step;  // every search node wrote it
             toolkit_.setCaption(Control::winLab, prediction(*score, s.winScore, step + depth));
         }

@@ -200,7 +200,7 @@ TEST(ComputerMove, PredictionFromTheScore) {
     }
 }
 
-TEST(ComputerMove, OpeningAndSuggestionAfterTheMove) {
+TEST(ComputerMove, TheOpeningSearchesNothingButRefreshesTheSuggestion) {
     RecordingToolkit tk;
     Game game(tk);
     GameState& s = game.state();
@@ -226,16 +226,6 @@ TEST(ComputerMove, OpeningAndSuggestionAfterTheMove) {
     EXPECT_EQ(tk.captionsOf(Control::Label1), std::vector<std::string>{"2"});
     ASSERT_EQ(tk.count(Request::suggestionMark), 1u);
     EXPECT_LT(tk.find(Request::stoneAndRing), tk.find(Request::suggestionMark));
-
-    // After a searched move too: the mark comes after the frames, and Label1
-    // ends with the suggestion's depth.
-    s.depthB = 1;
-    tk.forget();
-    EXPECT_EQ(game.computerMove(computerB), gameOpen);
-    EXPECT_EQ(tk.captionsOf(Control::Label1), (std::vector<std::string>{"1", "2"}));
-    EXPECT_LT(tk.find(Request::candidateFrames), tk.find(Request::suggestionMark));
-    const Point mark = tk.of(Request::suggestionMark)[0].point;
-    EXPECT_EQ(s.position.board[mark.x][mark.y], empty);
 }
 
 TEST(NoPoint, ADepthBelowOneCommitsNoStone) {
@@ -257,13 +247,16 @@ TEST(NoPoint, ADepthBelowOneCommitsNoStone) {
     EXPECT_EQ(tk.count(Request::candidateFrames), 0u);
     EXPECT_EQ(s.clickAllowed, flagFalse);
 
-    // A game between computers at depth 0 ends at once instead of looping.
-    s.blackSide = computerB;
-    s.whiteSide = computerA;
-    s.depthB = -1;
+    // A game between computers with a negative depth ends at once.
+    s.blackSide = computerA;
+    s.whiteSide = computerB;
+    s.depthB = -2;
+    tk.forget();
     session.game.computerGame();
     EXPECT_EQ(s.stepNum, 1);
     EXPECT_EQ(s.gameResult, gameDrawn);
+    EXPECT_EQ(tk.lastCaption(Control::Label1), "-2");
+    EXPECT_EQ(tk.lastCaption(Control::winLab), "not sure");
     EXPECT_EQ(tk.lastEnabled(Control::cmdBack), true);
 }
 

@@ -141,26 +141,6 @@ TEST(NewGame, ClearsTheGameAndLeavesResultSidesAndLabels) {
     EXPECT_EQ(tk.lastCaption(Control::stepNumLab), "1");
 }
 
-TEST(Putchess, CountsRecordsPlacesAndDraws) {
-    Session session;
-    GameState& s = session.s;
-    auto& tk = session.toolkit;
-    tk.forget();
-    session.game.Putchess(3, 4, white);
-    EXPECT_EQ(s.stepNum, 2);
-    EXPECT_EQ((s.moveRecord[2]), (MoveRecordEntry{white, 3, 4}));
-    EXPECT_EQ(s.position.board[3][4], white);
-    EXPECT_TRUE(censusOk(s.position));
-    ASSERT_EQ(tk.calls.size(), 3u);
-    EXPECT_EQ(tk.calls[0].request, Request::caption);
-    EXPECT_EQ(tk.calls[0].text, "2");
-    EXPECT_EQ(tk.calls[1].request, Request::stoneAndRing);
-    EXPECT_EQ(tk.calls[1].point, (Point{3, 4}));
-    EXPECT_EQ(tk.calls[1].colour, white);
-    EXPECT_EQ(tk.calls[1].userColour, white);
-    EXPECT_EQ(tk.calls[2].request, Request::repaint);
-}
-
 TEST(Putchess, ABadColourIsShownWithItsMessageButNeverEntersTheModel) {
     for (MessageAnswer answer : {MessageAnswer::ok, MessageAnswer::cancel}) {
         for (Side colour : {Side{0}, Side{2}, Side{-5}}) {
@@ -189,23 +169,7 @@ TEST(Putchess, ABadColourIsShownWithItsMessageButNeverEntersTheModel) {
     }
 }
 
-TEST(Toolkits, ControlNamesAndTheSilentToolkit) {
-    const std::pair<Control, const char*> names[] = {{Control::mainForm, "mainForm"},
-                                                     {Control::Command1, "Command1"},
-                                                     {Control::cmdBack, "cmdBack"},
-                                                     {Control::cmdForw, "cmdForw"},
-                                                     {Control::whoRun, "whoRun"},
-                                                     {Control::winLab, "winLab"},
-                                                     {Control::Label1, "Label1"},
-                                                     {Control::stepNumLab, "stepNumLab"},
-                                                     {Control::checkPos, "checkPos"},
-                                                     {Control::blackSideLabel, "blackSideLabel"},
-                                                     {Control::whiteSideLabel, "whiteSideLabel"},
-                                                     {Control::List2, "List2"},
-                                                     {Control::List3, "List3"}};
-    for (const auto& [control, name] : names) EXPECT_EQ(controlName(control), name);
-
-    // A silent game runs like a watched one and hands its messages to the hook.
+TEST(SilentToolkit, RunsAGameAndHandsOnItsMessages) {
     std::vector<std::string> heard;
     SilentToolkit silent([&](std::string_view text) { heard.emplace_back(text); });
     Game game(silent);
@@ -214,6 +178,13 @@ TEST(Toolkits, ControlNamesAndTheSilentToolkit) {
     EXPECT_EQ(game.state().windowTitle, "Quintline Version 3.5  15*15  ");
     EXPECT_EQ(game.state().cellSize, 533);
     EXPECT_EQ(game.state().depthB, 3);
+    game.state().blackSide = computerB;
+    game.state().whiteSide = computerA;
+    game.state().depthA = 1;
+    game.state().depthB = 1;
+    game.computerGame();
+    EXPECT_NE(game.state().gameResult, gameOpen);
+    EXPECT_TRUE(heard.empty());
     game.Putchess(1, 1, 0);
     EXPECT_EQ(heard, std::vector<std::string>{"error in Putchess! press cancle to endGame!"});
     SilentToolkit deaf;

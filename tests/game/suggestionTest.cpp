@@ -123,7 +123,9 @@ TEST(Suggestion, OnlyAComputerMoveRefreshesIt) {
 
     testing::click(session.game, 9, 9);  // the computer replies
     EXPECT_EQ(tk.count(Request::suggestionMark), 1u);
-    EXPECT_EQ(tk.lastCaption(Control::Label1), "2");
+    // The mark follows the reply's frames, and Label1 ends with its own depth.
+    EXPECT_EQ(tk.captionsOf(Control::Label1), (std::vector<std::string>{"1", "2"}));
+    EXPECT_LT(tk.find(Request::candidateFrames), tk.find(Request::suggestionMark));
     session.game.stepBack();
     session.game.stepForward();
     s.twoUsers = flagTrue;
