@@ -1,0 +1,48 @@
+#pragma once
+// The board file as bytes: writing a game's record out, and reading a file
+// into a checked temporary that touches no game until it is known to be good.
+
+#include <cstdint>
+#include <istream>
+#include <string>
+#include <vector>
+
+#include "game/global.h"
+
+namespace quintline {
+
+inline constexpr std::int16_t fileGridSize = 15;
+inline constexpr std::int16_t filePieceNumber = 5;
+
+// The content of a board file that passed every check.
+struct BoardFile {
+    std::vector<MoveRecordEntry> moves;  // move 1 first
+    Side userColour = black;             // the "UserTurn" value; 1 when that label is missing
+};
+
+enum class BoardFileFault {
+    none,
+    cannotOpen,
+    unsuitable,  // grid size other than 15 or piece number other than 5
+    broken,      // anything else: early end, bad number, bad move, bad "UserTurn"
+};
+
+struct BoardFileRead {
+    BoardFile file;
+    BoardFileFault fault = BoardFileFault::none;
+    int line = 0;        // where a broken file went wrong
+    std::string detail;  // what was wrong there
+};
+
+// The whole file for stepNum moves of the record and userColour, byte for byte.
+std::string formatBoardFile(const GameState& state);
+
+// Reads and checks a whole file: the head, at most 225 moves with colours 1 or
+// -1 on distinct points of the board, and the "UserTurn" value (-1, 0 or 1).
+BoardFileRead parseBoardFile(std::istream& in);
+BoardFileRead loadBoardFile(const std::string& path);
+
+// The text of the message box that refuses a file.
+std::string refusalMessage(const std::string& path, const BoardFileRead& read);
+
+}  // namespace quintline

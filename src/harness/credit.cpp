@@ -1,0 +1,15 @@
+#include "harness/credit.h"
+
+namespace quintline {
+
+ResultGroup creditGame(const Pairing& pairing, GameCode result, std::int16_t stones) {
+    const PlayerKind credited = result == blackWon ? pairing.black : pairing.white;
+    return ResultGroup{isAFamily(credited) ? 'A' : 'B', stones};
+}
+
+void countCredits(CreditCounts& counts, const CycleResults& results) {
+    for (std::size_t n = 0; n < results.size(); ++n)
+        if (results[n].letter == 'A') ++counts[n];
+}
+
+}  // namespace quintline

@@ -1,0 +1,75 @@
+#include "harness/pairingGame.h"
+
+#include "boardfile/boardFile.h"
+
+namespace quintline {
+namespace {
+
+void setDepths(GameState& state, const Pairing& pairing) {
+    state.depthA = pairing.depthA;
+    state.depthB = pairing.depthB;
+}
+
+// Sides, captions, the game itself and its credit: the same for every start.
+ResultGroup playFromPosition(Game& game, const Pairing& pairing) {
+    GameState& state = game.state();
+    state.blackSide = pairing.black;
+    state.whiteSide = pairing.white;
+    game.toolkit().setCaption(Control::blackSideLabel, pairing.blackCaption);
+    game.toolkit().setCaption(Control::whiteSideLabel, pairing.whiteCaption);
+    game.computerGame();
+    return creditGame(pairing, state.gameResult, state.stepNum);
+}
+
+// The side userColour must hold for opening stone k: white on even k.
+Side colourOfStone(int k) {
+    return k % 2 == 0 ? white : black;
+}
+
+template <typename Start>
+CycleResults playAll(Game& game, const Start& start) {
+    CycleResults results;
+    for (std::size_t n = 0; n < schedule.size(); ++n)
+        results[n] = playPairing(game, schedule[n], start);
+    return results;
+}
+
+}  // namespace
+
+void setUpOpening(Game& game, const Opening& opening) {
+    GameState& state = game.state();
+    state.userColour = white;
+    game.newGame();
+    state.twoUsers = flagTrue;
+    for (std::size_t i = 0; i < opening.stones.size(); ++i) {
+        state.userColour = colourOfStone(static_cast<int>(i) + 2);
+        game.userMove(opening.stones[i].x, opening.stones[i].y);
+    }
+}
+
+ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening) {
+    setDepths(game.state(), pairing);
+    setUpOpening(game, opening);
+    return playFromPosition(game, pairing);
+}
+
+ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& file) {
+    // The depths come first: a file whose user colour is 0 makes stepForward
+    // past its end a computer move.
+    setDepths(game.state(), pairing);
+    applyBoardFile(game, file);
+    do {
+        game.stepForward();
+    } while (game.state().movesAhead > 0);
+    return playFromPosition(game, pairing);
+}
+
+CycleResults playCycle(Game& game, const Opening& opening) {
+    return playAll(game, opening);
+}
+
+CycleResults playEntry(Game& game, const BoardFile& file) {
+    return playAll(game, file);
+}
+
+}  // namespace quintline

@@ -1,0 +1,62 @@
+#include "harness/reportLines.h"
+
+#include <fstream>
+
+#include "boardfile/numberForm.h"
+
+namespace quintline {
+namespace {
+
+std::string line(std::string_view head, std::string_view rest) {
+    std::string out(head);
+    out += rest;
+    out += lineEnd;
+    return out;
+}
+
+}  // namespace
+
+std::string startLine(std::string_view boardFilePath, std::string_view timeOfDay) {
+    return line(boardFilePath, "start Time: " + std::string(timeOfDay));
+}
+
+std::string headerLine(std::string_view boardFilePath) {
+    return line(boardFilePath, headerLiteral);
+}
+
+std::string resultGroupText(const ResultGroup& group) {
+    return group.letter + numberForm(group.stones);
+}
+
+std::string gameLine(std::string_view boardFilePath, const CycleResults& results) {
+    std::string groups = " ";
+    for (const ResultGroup& group : results) groups += resultGroupText(group);
+    return line(boardFilePath, groups);
+}
+
+std::string summaryLine(const CreditCounts& counts) {
+    std::string numbers;
+    for (std::size_t n = 0; n < counts.size(); ++n) {
+        if (n > 0) numbers += ',';
+        numbers += numberForm(counts[n]);
+    }
+    return line({}, numbers);
+}
+
+std::string endLine(std::string_view boardFilePath, std::string_view timeOfDay) {
+    return line(boardFilePath, "End Time: " + std::string(timeOfDay));
+}
+
+std::string usedLine(std::string_view boardFilePath, float seconds) {
+    return line(boardFilePath, "Used Time (second): " + numberForm(seconds));
+}
+
+bool appendToFile(const std::filesystem::path& file, std::string_view bytes) {
+    std::ofstream out(file, std::ios::binary | std::ios::app);
+    if (!out.is_open()) return false;
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    return !out.fail();
+}
+
+}  // namespace quintline

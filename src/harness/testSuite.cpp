@@ -1,0 +1,57 @@
+#include "harness/testSuite.h"
+
+#include "boardfile/boardFileFormat.h"
+#include "harness/batchMessages.h"
+#include "harness/pairingGame.h"
+#include "harness/report.h"
+#include "harness/reportLines.h"
+#include "harness/testSuiteList.h"
+
+namespace quintline {
+
+void runTestSuite(Game& game) {
+    SystemClock clock;
+    runTestSuite(game, clock, testSuiteFileName, reportFileName);
+}
+
+void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFile,
+                  const std::filesystem::path& reportFile) {
+    GameState& state = game.state();
+    Toolkit& toolkit = game.toolkit();
+
+    TestSuiteList list;
+    std::string fault;
+    if (!list.open(listFile, fault)) {
+        toolkit.messageBox(listNotStarted(fault), MessageButtons::ok);
+        return;
+    }
+    Report report(reportFile, clock);
+    if (!report.open(state.boardFilePath)) {
+        toolkit.messageBox(reportNotStarted(reportFile), MessageButtons::ok);
+        return;
+    }
+    CreditCounts credits{};
+    state.twoUsers = flagFalse;
+    state.clickAllowed = flagFalse;
+
+    while (std::optional<std::string> entry = list.nextEntry()) {
+        state.boardFilePath = std::move(*entry);
+        toolkit.setCaption(Control::mainForm, state.windowTitle + "      " + state.boardFilePath);
+        // Read once and checked once: a refused file is reported once and skipped.
+        const BoardFileRead read = loadBoardFile(state.boardFilePath);
+        if (read.fault != BoardFileFault::none) {
+            toolkit.messageBox(refusalMessage(state.boardFilePath, read), MessageButtons::ok);
+            continue;
+        }
+        const CycleResults results = playEntry(game, read.file);
+        countCredits(credits, results);
+        if (!report.addGameLine(state.boardFilePath, results)) {
+            toolkit.messageBox(reportStopped(reportFile), MessageButtons::ok);
+            return;
+        }
+    }
+    if (!report.close(state.boardFilePath, credits))
+        toolkit.messageBox(reportStopped(reportFile), MessageButtons::ok);
+}
+
+}  // namespace quintline

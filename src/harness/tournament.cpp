@@ -1,0 +1,39 @@
+#include "harness/tournament.h"
+
+#include "harness/batchMessages.h"
+#include "harness/opening.h"
+#include "harness/pairingGame.h"
+#include "harness/report.h"
+#include "harness/reportLines.h"
+
+namespace quintline {
+
+void runTournament(Game& game) {
+    SeededUniform uniform(clockSeed());
+    SystemClock clock;
+    runTournament(game, uniform, clock, reportFileName);
+}
+
+void runTournament(Game& game, UniformSource& uniform, Clock& clock,
+                   const std::filesystem::path& reportFile) {
+    GameState& state = game.state();
+    Report report(reportFile, clock);
+    if (!report.open(state.boardFilePath)) {
+        game.toolkit().messageBox(reportNotStarted(reportFile), MessageButtons::ok);
+        return;
+    }
+    CreditCounts credits{};
+    for (int cycle = 0; cycle < state.cycleCount; ++cycle) {
+        const Opening opening = drawOpening(uniform);
+        const CycleResults results = playCycle(game, opening);
+        countCredits(credits, results);
+        if (!report.addGameLine(state.boardFilePath, results)) {
+            game.toolkit().messageBox(reportStopped(reportFile), MessageButtons::ok);
+            return;
+        }
+    }
+    if (!report.close(state.boardFilePath, credits))
+        game.toolkit().messageBox(reportStopped(reportFile), MessageButtons::ok);
+}
+
+}  // namespace quintline

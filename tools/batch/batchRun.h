@@ -1,0 +1,96 @@
+#pragma once
+// Tournaments and test-suite runs on several threads, each thread with a game
+// of its own, writing the game lines a single-threaded run would write, in the
+// same order.
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "batch/messageLog.h"
+#include "boardfile/boardFileFormat.h"
+#include "harness/credit.h"
+#include "harness/opening.h"
+#include "harness/report.h"
+#include "harness/testSuiteList.h"
+#include "harness/uniformSource.h"
+#include "players/searchSet.h"
+
+namespace quintline::batch {
+
+// One cycle or test-suite entry: where its fourteen games start from.
+struct BatchJob {
+    std::string boardFilePath;  // the entry's path; empty in a tournament
+    std::variant<Opening, BoardFile> start;
+    std::string refusal;  // why the entry's board file was refused; nothing is played then
+};
+
+// Hands out a run's cycles or entries in run order, one call at a time.
+class JobSource {
+  public:
+    virtual ~JobSource() = default;
+    // Empty when the run has no more.
+    virtual std::optional<BatchJob> next() = 0;
+    // Cycles or entries the run expects in all, for progress and for the
+    // number of threads worth starting.
+    virtual std::size_t expected() const = 0;
+};
+
+// Draws each cycle's opening from the one generator as the cycle is handed
+// out, so cycle k has the k-th opening whatever the number of threads.
+class TournamentJobs final : public JobSource {
+  public:
+    TournamentJobs(int cycles, UniformSource& uniform) : cycles_(cycles), uniform_(uniform) {}
+    std::optional<BatchJob> next() override;
+    std::size_t expected() const override { return static_cast<std::size_t>(cycles_); }
+
+  private:
+    int cycles_;
+    int given_ = 0;
+    UniformSource& uniform_;
+};
+
+// Reads the entries of an opened list one by one and checks each board file
+// as it is handed out.
+class TestSuiteJobs final : public JobSource {
+  public:
+    explicit TestSuiteJobs(TestSuiteList& list) : list_(list) {}
+    std::optional<BatchJob> next() override;
+    std::size_t expected() const override;
+
+  private:
+    TestSuiteList& list_;
+    int given_ = 0;
+};
+
+struct BatchSettings {
+    unsigned jobs = 1;
+    SearchSet searches{};
+    // Called from the calling thread every progressInterval while games run,
+    // and once at the end.
+    std::function<void(std::size_t gamesDone, std::size_t gamesExpected)> onProgress;
+    std::chrono::milliseconds progressInterval{500};
+};
+
+struct BatchOutcome {
+    std::size_t lines = 0;      // game lines written: the first `lines` played cycles or entries
+    CreditCounts credits{};     // A credits of exactly those lines
+    std::string lastPath;       // the path of the last entry passed in order, refused ones included
+    bool stopped = false;       // the stop flag cut the run short
+    bool reportFailed = false;  // a game line could not be appended; the run stopped there
+};
+
+// Plays every job on up to settings.jobs threads and appends one game line per
+// cycle or entry to the report, which the caller has opened and closes. A
+// refused entry gets a message on `messages` and no line, as in the program.
+// Once `stop` is set no job starts, every thread finishes the game it is
+// playing and abandons the rest of its job; the lines written are then the
+// longest run of finished jobs from the first one on.
+BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& settings,
+                       const std::atomic<bool>& stop, MessageLog& messages);
+
+}  // namespace quintline::batch

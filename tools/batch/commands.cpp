@@ -1,0 +1,131 @@
+#include "batch/commands.h"
+
+#include <string>
+
+#include "batch/analyse.h"
+#include "batch/batchRun.h"
+#include "batch/messageLog.h"
+#include "batch/progress.h"
+#include "batch/summaryTable.h"
+#include "harness/batchMessages.h"
+#include "harness/report.h"
+#include "harness/testSuiteList.h"
+
+namespace quintline::batch {
+namespace {
+
+void complain(std::ostream& err, std::string_view text) {
+    err << programName << ": " << text << '\n';
+}
+
+BatchSettings settingsFor(unsigned jobs, const Environment& environment, const Console& console) {
+    BatchSettings settings;
+    settings.jobs = jobs;
+    settings.searches = environment.searches;
+    if (console.progress) {
+        std::ostream& err = console.err;
+        const auto started = std::chrono::steady_clock::now();
+        settings.onProgress = [&err, started](std::size_t done, std::size_t total) {
+            const std::chrono::duration<double> elapsed =
+                std::chrono::steady_clock::now() - started;
+            // Erase to the end of the line: the new text may be shorter.
+            err << '\r' << progressLine(done, total, elapsed.count()) << "\x1b[K" << std::flush;
+        };
+    }
+    return settings;
+}
+
+// The run's tail, the table of what was played and the exit status.
+int finish(const BatchOutcome& outcome, Report& report, Console console) {
+    if (console.progress) console.err << '\n';
+    if (outcome.reportFailed) return exitRefused;
+    if (!report.close(outcome.lastPath, outcome.credits)) {
+        complain(console.err, reportStopped(report.file()));
+        return exitRefused;
+    }
+    if (outcome.stopped)
+        complain(console.err, "stopped: " + std::to_string(outcome.lines) +
+                                  " whole lines kept in " + report.file().string());
+    console.out << summaryTable(outcome.credits, outcome.lines);
+    return outcome.stopped ? exitStopped : exitDone;
+}
+
+}  // namespace
+
+int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
+    Report report(command.report, environment.clock);
+    // A fresh session's boardFilePath: empty.
+    if (!report.open({})) {
+        complain(console.err, reportNotStarted(report.file()));
+        return exitRefused;
+    }
+    const std::uint64_t seed = command.seed.value_or(clockSeed());
+    if (!command.seed)
+        complain(console.err, "seed " + std::to_string(seed) + " (repeat with --seed " +
+                                  std::to_string(seed) + ")");
+    SeededUniform uniform(seed);
+    TournamentJobs jobs(command.cycles, uniform);
+    MessageLog messages(console.err, console.progress);
+    const BatchOutcome outcome = playBatch(
+        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
+    return finish(outcome, report, console);
+}
+
+int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console) {
+    TestSuiteList list;
+    std::string fault;
+    if (!list.open(command.list, fault)) {
+        complain(console.err, listNotStarted(fault));
+        return exitRefused;
+    }
+    Report report(command.report, environment.clock);
+    if (!report.open({})) {
+        complain(console.err, reportNotStarted(report.file()));
+        return exitRefused;
+    }
+    TestSuiteJobs jobs(list);
+    MessageLog messages(console.err, console.progress);
+    const BatchOutcome outcome = playBatch(
+        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
+    return finish(outcome, report, console);
+}
+
+int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console) {
+    const AnalyseOutcome outcome = analysePosition(command, searches);
+    if (!outcome.analysis) {
+        complain(console.err, outcome.error);
+        return outcome.usageError ? exitUsage : exitRefused;
+    }
+    console.out << analysisLine(*outcome.analysis) << '\n';
+    return exitDone;
+}
+
+int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
+                   Environment& environment, Console console) {
+    const ParsedArguments parsed = parseArguments(args, defaultJobs);
+    if (!parsed.command) {
+        complain(console.err, parsed.error);
+        console.err << "Try '" << programName << " --help'.\n";
+        return exitUsage;
+    }
+    struct Dispatch {
+        Environment& environment;
+        Console console;
+        int operator()(const HelpRequest&) const {
+            console.out << helpText();
+            return exitDone;
+        }
+        int operator()(const TournamentCommand& c) const {
+            return tournamentCommand(c, environment, console);
+        }
+        int operator()(const TestSuiteCommand& c) const {
+            return testSuiteCommand(c, environment, console);
+        }
+        int operator()(const AnalyseCommand& c) const {
+            return analyseCommand(c, environment.searches, console);
+        }
+    };
+    return std::visit(Dispatch{environment, console}, *parsed.command);
+}
+
+}  // namespace quintline::batch
