@@ -9,13 +9,15 @@
 #include <QPushButton>
 #include <optional>
 
+#include "boardfile/boardFile.h"
 #include "game/designValues.h"
 #include "game/settings.h"
+#include "harness/testSuite.h"
+#include "harness/tournament.h"
 #include "ui/aboutBox.h"
 #include "ui/boardFileDialog.h"
 #include "ui/boardPicture.h"
 #include "ui/figures.h"
-#include "ui/menuCommands.h"
 #include "ui/messageBox.h"
 #include "ui/settingsDialog.h"
 #include "ui/tabOrder.h"
@@ -171,8 +173,10 @@ void MainForm::buildMenu() {
                                     std::int16_t cycles) {
         QAction* action = menu->addAction(caption);
         action->setObjectName(name);
-        connect(action, &QAction::triggered, this,
-                [this, cycles] { randomTournamentCommand(game_, cycles); });
+        connect(action, &QAction::triggered, this, [this, cycles] {
+            game_.state().cycleCount = cycles;
+            runTournament(game_);
+        });
     };
     tournamentItem(testsuit, "randomtest", "random 1000", 1000);
     QMenu* random = testsuit->addMenu("random");
@@ -185,7 +189,7 @@ void MainForm::buildMenu() {
     tournamentItem(random, "ten_thousand", "10000", 10000);
     QAction* fromFile = testsuit->addAction("fromFile");
     fromFile->setObjectName("fromFiletest");
-    connect(fromFile, &QAction::triggered, this, [this] { testSuiteCommand(game_); });
+    connect(fromFile, &QAction::triggered, this, [this] { runTestSuite(game_); });
 
     barItem("sr", "Se&ttings", [this] { showSettings(); });
     barItem("about", "&About", [this] { showAbout(); });
@@ -201,9 +205,9 @@ void MainForm::chooseBoardFile(BoardFileDialogKind kind) {
     if (s.boardFilePath.empty()) return;
     setWindowTitle(QString::fromStdString(s.windowTitle + "      " + s.boardFilePath));
     if (kind == BoardFileDialogKind::save) {
-        saveBoardFileCommand(game_);
+        saveBoardFile(game_);
     } else {
-        readBoardFileCommand(game_);
+        readBoardFile(game_);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -330,12 +331,48 @@ TEST_F(MainFormTest, BoardFileMenuItemsPutTheChosenPathInTheTitle) {
     EXPECT_EQ(s.boardFilePath, path.toStdString());
     EXPECT_EQ(form.windowTitle(), title + "      " + path);
 
+    EXPECT_TRUE(QFile::exists("board1.txt"));
+
     // A new game keeps the path in the title; OK without a name changes nothing.
     form.findChild<QAction*>("new")->trigger();
     whenModal([](QWidget* dialog) { dialog->findChild<QPushButton*>("OKButton")->click(); });
     form.findChild<QAction*>("save")->trigger();
     EXPECT_EQ(form.windowTitle(), title + "      " + path);
     EXPECT_EQ(s.boardFilePath, "");
+
+    // Reading the saved board lays its one move out for replay.
+    whenModal([](QWidget* dialog) {
+        auto* files = dialog->findChild<QListWidget*>("File1");
+        files->setCurrentItem(files->findItems("board1.txt", Qt::MatchExactly).value(0));
+        dialog->findChild<QPushButton*>("OKButton")->click();
+    });
+    form.findChild<QAction*>("read")->trigger();
+    EXPECT_EQ(form.windowTitle(), title + "      " + path);
+    EXPECT_EQ(s.stepNum, 0);
+    EXPECT_EQ(s.movesAhead, 1);
+    EXPECT_TRUE(control("cmdForw")->isEnabled());
+    QDir::setCurrent(previous);
+}
+
+TEST_F(MainFormTest, TestsuitItemsRunTheirBatches) {
+    QTemporaryDir scratch;
+    ASSERT_TRUE(scratch.isValid());
+    const QString previous = QDir::currentPath();
+    QDir::setCurrent(scratch.path());
+
+    // Without a list of board files the test suite refuses with a message.
+    QString refusal;
+    whenModal([&](QWidget* box) {
+        refusal = qobject_cast<QMessageBox*>(box)->text();
+        qobject_cast<QMessageBox*>(box)->button(QMessageBox::Ok)->click();
+    });
+    form.findChild<QAction*>("fromFiletest")->trigger();
+    EXPECT_TRUE(refusal.contains("testsuit.txt")) << refusal.toStdString();
+
+    form.findChild<QAction*>("one")->trigger();
+    EXPECT_EQ(s.cycleCount, 1);
+    EXPECT_TRUE(QFile::exists("result.txt"));
+    EXPECT_NE(s.gameResult, gameOpen);
     QDir::setCurrent(previous);
 }
 
