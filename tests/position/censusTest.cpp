@@ -91,7 +91,7 @@ TEST(Census, RecountNoticesACorruptedTable) {
     placeStone(pos, 8, 8, black);
     placeStone(pos, 9, 8, white);
     ASSERT_TRUE(censusOk(pos));
-    for (int which = 0; which < 4; ++which) {
+    for (int which = 0; which < 6; ++which) {
         Position bad = pos;
         switch (which) {
             case 0:
