@@ -51,6 +51,23 @@ bool fillRow(PlayerKind kind, std::string& row, Situation& situation) {
     }
 }
 
+// Takes the player named in the row of `colour`; a text that names no player
+// changes nothing.
+void takeRow(GameState& s, const std::string& text, Side colour, PlayerKind& side) {
+    if (text == userName) {
+        side = userKind;
+        s.userColour = colour;
+        return;
+    }
+    const PlayerKind kind = text == computerAName   ? computerA
+                            : text == computerBName ? computerB
+                                                    : userKind;
+    if (kind == userKind) return;
+    side = kind;
+    s.computerKind = kind;
+    s.computerColour = colour;
+}
+
 }  // namespace
 
 void fillSettings(Game& game, SettingsValues& values) {
@@ -88,30 +105,8 @@ bool acceptSettings(Game& game, const SettingsValues& values,
     s.depthA = *depthA;
 
     // Black first, so that the white row has the last word on the shared values.
-    if (values.blackRow == userName) {
-        s.blackSide = userKind;
-        s.userColour = black;
-    } else if (values.blackRow == computerAName) {
-        s.blackSide = computerA;
-        s.computerKind = computerA;
-        s.computerColour = black;
-    } else if (values.blackRow == computerBName) {
-        s.blackSide = computerB;
-        s.computerKind = computerB;
-        s.computerColour = black;
-    }
-    if (values.whiteRow == userName) {
-        s.whiteSide = userKind;
-        s.userColour = white;
-    } else if (values.whiteRow == computerAName) {
-        s.whiteSide = computerA;
-        s.computerKind = computerA;
-        s.computerColour = white;
-    } else if (values.whiteRow == computerBName) {
-        s.whiteSide = computerB;
-        s.computerKind = computerB;
-        s.computerColour = white;
-    }
+    takeRow(s, values.blackRow, black, s.blackSide);
+    takeRow(s, values.whiteRow, white, s.whiteSide);
     toolkit.setCaption(Control::blackSideLabel, values.blackRow);
     toolkit.setCaption(Control::whiteSideLabel, values.whiteRow);
 

@@ -17,6 +17,21 @@ void addToNeighbours(Position& pos, int x, int y, int delta) {
     }
 }
 
+// The rows of the line tables that a stone of one side changes.
+struct SideRows {
+    SideRows(Position& pos, Side side)
+        : own(pos.lineStones[sideRow(side)]),
+          other(pos.lineStones[1 - side]),
+          ownCensus(pos.lineCensus[sideRow(side)]),
+          otherCensus(pos.lineCensus[1 - side]),
+          codeStep(side == black ? 8 : 1) {}
+    std::int16_t* own;
+    std::int16_t* other;
+    std::int16_t* ownCensus;
+    std::int16_t* otherCensus;
+    int codeStep;  // a black stone counts 8 in lineCode, a white one 1
+};
+
 }  // namespace
 
 void Position::clear() {
@@ -26,23 +41,19 @@ void Position::clear() {
 void placeStone(Position& pos, std::int16_t x, std::int16_t y, Side side) {
     pos.board[x][y] = side;
     pos.occupied[x] = static_cast<std::uint16_t>(pos.occupied[x] | (1u << y));
-    std::int16_t* own = pos.lineStones[sideRow(side)];
-    std::int16_t* other = pos.lineStones[1 - side];
-    std::int16_t* ownCensus = pos.lineCensus[sideRow(side)];
-    std::int16_t* otherCensus = pos.lineCensus[1 - side];
+    const SideRows rows(pos, side);
     const PointLines& lines = pointLines();
     const int count = lines.count(x, y);
-    const int codeStep = side == black ? 8 : 1;
     for (int n = 1; n <= count; ++n) {
         const int id = lines.id(x, y, n);
-        if (other[id] == 0) {
-            if (own[id] > 0) --ownCensus[own[id]];
-            ++ownCensus[own[id] + 1];
-        } else if (own[id] == 0) {
-            --otherCensus[other[id]];
+        if (rows.other[id] == 0) {
+            if (rows.own[id] > 0) --rows.ownCensus[rows.own[id]];
+            ++rows.ownCensus[rows.own[id] + 1];
+        } else if (rows.own[id] == 0) {
+            --rows.otherCensus[rows.other[id]];
         }
-        ++own[id];
-        pos.lineCode[id] = static_cast<std::int16_t>(pos.lineCode[id] + codeStep);
+        ++rows.own[id];
+        pos.lineCode[id] = static_cast<std::int16_t>(pos.lineCode[id] + rows.codeStep);
     }
     addToNeighbours(pos, x, y, 1);
 }
@@ -50,23 +61,19 @@ void placeStone(Position& pos, std::int16_t x, std::int16_t y, Side side) {
 void removeStone(Position& pos, std::int16_t x, std::int16_t y, Side side) {
     pos.board[x][y] = empty;
     pos.occupied[x] = static_cast<std::uint16_t>(pos.occupied[x] & ~(1u << y));
-    std::int16_t* own = pos.lineStones[sideRow(side)];
-    std::int16_t* other = pos.lineStones[1 - side];
-    std::int16_t* ownCensus = pos.lineCensus[sideRow(side)];
-    std::int16_t* otherCensus = pos.lineCensus[1 - side];
+    const SideRows rows(pos, side);
     const PointLines& lines = pointLines();
     const int count = lines.count(x, y);
-    const int codeStep = side == black ? 8 : 1;
     for (int n = 1; n <= count; ++n) {
         const int id = lines.id(x, y, n);
-        if (other[id] == 0) {
-            --ownCensus[own[id]];
-            if (own[id] - 1 > 0) ++ownCensus[own[id] - 1];
-        } else if (own[id] == 1) {
-            ++otherCensus[other[id]];
+        if (rows.other[id] == 0) {
+            --rows.ownCensus[rows.own[id]];
+            if (rows.own[id] - 1 > 0) ++rows.ownCensus[rows.own[id] - 1];
+        } else if (rows.own[id] == 1) {
+            ++rows.otherCensus[rows.other[id]];
         }
-        --own[id];
-        pos.lineCode[id] = static_cast<std::int16_t>(pos.lineCode[id] - codeStep);
+        --rows.own[id];
+        pos.lineCode[id] = static_cast<std::int16_t>(pos.lineCode[id] - rows.codeStep);
     }
     addToNeighbours(pos, x, y, -1);
 }
