@@ -175,7 +175,7 @@ void compareAll(PlayerKind kind, std::uint32_t seed) {
     const PlayerKind seats[][2] = {{aKnowsB, aKnowsB},     {bKnowsA, bKnowsA},
                                    {computerA, computerB}, {userKind, userKind},
                                    {computerB, aKnowsB},   {bKnowsA, computerA}};
-    for (const Sample& sample : randomPositions(scaled(30), seed + 8, 8, 9))
+    for (const Sample& sample : randomPositions(scaled(60), seed + 8, 12, 5))
         for (const auto& seat : seats)
             for (std::int16_t depth = 1; depth <= 2; ++depth) {
                 compare(sample, kind, depth, seat);
