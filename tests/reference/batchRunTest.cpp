@@ -35,19 +35,11 @@ auto shallower(SearchState& s, std::int16_t step, std::int16_t depth) {
 
 template <auto a, auto b, auto aKnowsB, auto bKnowsA>
 SearchSet forThisBuild() {
-    SearchSet set;
 #ifdef NDEBUG
-    set.searchA = a;
-    set.searchB = b;
-    set.searchAKnowsB = aKnowsB;
-    set.searchBKnowsA = bKnowsA;
+    return {a, b, aKnowsB, bKnowsA};
 #else
-    set.searchA = &shallower<a>;
-    set.searchB = &shallower<b>;
-    set.searchAKnowsB = &shallower<aKnowsB>;
-    set.searchBKnowsA = &shallower<bKnowsA>;
+    return {&shallower<a>, &shallower<b>, &shallower<aKnowsB>, &shallower<bKnowsA>};
 #endif
-    return set;
 }
 
 TEST(BatchRun, TournamentReportIsTheSameWithTheLiteralSearches) {
@@ -57,8 +49,8 @@ TEST(BatchRun, TournamentReportIsTheSameWithTheLiteralSearches) {
         tournamentReport(forThisBuild<&searchA, &searchB, &searchAKnowsB, &searchBKnowsA>(), cycles,
                          dir / "fast.txt");
     const std::string literal =
-        tournamentReport(forThisBuild<&reference::searchA, &reference::searchB,
-                                      &reference::searchAKnowsB, &reference::searchBKnowsA>(),
+        tournamentReport(forThisBuild<reference::searchA, reference::searchB,
+                                      reference::searchAKnowsB, reference::searchBKnowsA>(),
                          cycles, dir / "literal.txt");
     EXPECT_EQ(fast, literal);
     // Start, header, one line of fourteen games per cycle, summary, end, used time.

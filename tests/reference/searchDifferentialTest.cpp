@@ -1,7 +1,7 @@
 // The production searches against the literal ones on many positions: random
-// openings near the centre and positions from real games, every kind, depths 1
-// to 3 (4 on fewer positions). Root value or scores, root point, position tables
-// and the stepNum left behind must all agree.
+// openings near the centre, stones scattered to the rim, positions from real
+// games and fives outweighed by fours; every kind, depths 0 to 4. Root value or
+// scores, root point, position tables and the stepNum left behind must agree.
 //
 // QUINTLINE_DIFF_SCALE multiplies the number of positions (default 1 in
 // optimised builds, 0.08 in unoptimised ones such as the sanitizer build).
@@ -14,25 +14,20 @@
 #include <string>
 #include <vector>
 
-#include "players/searchSet.h"
 #include "reference/literalSearches.h"
 #include "support/gameRecords.h"
 
 namespace quintline {
 namespace {
 
-double sampleScale() {
-    if (const char* text = std::getenv("QUINTLINE_DIFF_SCALE")) return std::atof(text);
-#ifdef NDEBUG
-    return 1.0;
-#else
-    return 0.08;
-#endif
-}
-
 int scaled(int count) {
-    const int n = static_cast<int>(count * sampleScale());
-    return n < 1 ? 1 : n;
+#ifdef NDEBUG
+    double scale = 1.0;
+#else
+    double scale = 0.08;
+#endif
+    if (const char* text = std::getenv("QUINTLINE_DIFF_SCALE")) scale = std::atof(text);
+    return std::max(1, static_cast<int>(count * scale));
 }
 
 struct Sample {
@@ -40,127 +35,152 @@ struct Sample {
     std::string label;
 };
 
-// Openings of 1 to `maxStones` stones, each beside an earlier one, inside the
-// centre square of side `box`.
-std::vector<Sample> randomOpenings(int count, std::uint32_t seed, int maxStones = 16, int box = 9) {
+std::int16_t pick(std::mt19937& rng, int low, int size) {
+    return static_cast<std::int16_t>(low + static_cast<int>(rng() % static_cast<unsigned>(size)));
+}
+
+// Positions of 1 to `maxStones` stones inside the centre square of side `box`,
+// each stone beside an earlier one unless `scattered`.
+std::vector<Sample> randomPositions(int count, std::uint32_t seed, int maxStones, int box,
+                                    bool scattered = false) {
     std::mt19937 rng(seed);
-    std::vector<Sample> samples;
+    std::vector<Sample> samples(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        Sample sample;
-        SearchState& s = sample.state;
-        const int stones = 1 + static_cast<int>(rng() % static_cast<unsigned>(maxStones));
-        const int low = 8 - box / 2;
+        SearchState& s = samples[i].state;
+        const int stones = 1 + pick(rng, 0, maxStones);
         for (int n = 0; n < stones; ++n) {
             std::int16_t x, y;
             do {
-                x = static_cast<std::int16_t>(low +
-                                              static_cast<int>(rng() % static_cast<unsigned>(box)));
-                y = static_cast<std::int16_t>(low +
-                                              static_cast<int>(rng() % static_cast<unsigned>(box)));
-            } while (s.position.board[x][y] != empty || (n > 0 && s.position.nearCount[x][y] == 0));
+                x = pick(rng, 8 - box / 2, box);
+                y = pick(rng, 8 - box / 2, box);
+            } while (s.position.board[x][y] != empty ||
+                     (n > 0 && !scattered && s.position.nearCount[x][y] == 0));
             placeStone(s.position, x, y, n % 2 == 0 ? black : white);
         }
         s.stepNum = static_cast<std::int16_t>(stones);
-        sample.label = "opening " + std::to_string(i);
-        samples.push_back(sample);
+        samples[i].label = "random " + std::to_string(seed) + "/" + std::to_string(i);
     }
     return samples;
 }
 
 // Prefixes of real games, from a few moves to the finished game (a five on the board).
-std::vector<Sample> gamePositions(int count, std::uint32_t seed, std::size_t maxStones = 225) {
+std::vector<Sample> gamePositions(int count, std::uint32_t seed) {
     static const std::vector<testing::GameRecord> games = testing::loadGameRecords();
     std::vector<Sample> samples;
-    if (games.empty()) return samples;
     std::mt19937 rng(seed);
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count && !games.empty(); ++i) {
         const std::size_t g = rng() % games.size();
-        std::size_t length = games[g].moves.size();
-        if (length > maxStones) length = maxStones;
-        const std::size_t k = 1 + rng() % length;
+        const std::size_t k = 1 + rng() % games[g].moves.size();
         samples.push_back({testing::positionAfter(games[g], k),
                            "game " + std::to_string(g) + " after " + std::to_string(k)});
     }
     return samples;
 }
 
-void markChoices(SearchState& s) {
-    for (std::size_t i = 0; i < s.bestX.size(); ++i) {
-        s.bestX[i] = static_cast<std::int16_t>(100 + i);
-        s.bestY[i] = static_cast<std::int16_t>(300 + i);
+// A five of one colour outweighed, for evalA, by a block of fours of the other:
+// one evaluator sees a finished game and the other does not, so the searches
+// go on past a five.
+std::vector<Sample> outweighedFives(int count, std::uint32_t seed) {
+    std::mt19937 rng(seed);
+    std::vector<Sample> samples(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        SearchState& s = samples[i].state;
+        const Side fiveSide = i % 2 == 0 ? black : white;
+        const std::int16_t row = pick(rng, 1, 2), from = pick(rng, 1, 4);
+        for (int k = 0; k < 5; ++k)
+            placeStone(s.position, static_cast<std::int16_t>(from + k), row, fiveSide);
+        const std::int16_t bx = pick(rng, 4, 6), by = pick(rng, 6, 5);
+        for (int k = 0; k < 16; ++k)
+            placeStone(s.position, static_cast<std::int16_t>(bx + k / 4),
+                       static_cast<std::int16_t>(by + k % 4), static_cast<Side>(-fiveSide));
+        s.stepNum = static_cast<std::int16_t>(21 + i % 2);  // both colours to move
+        EXPECT_LT(std::abs(evalA(s.position, s.stepNum, 1)), winScore);
+        samples[i].label = "outweighed five " + std::to_string(i);
+    }
+    return samples;
+}
+
+nodeScores run(const SearchSet& set, PlayerKind kind, SearchState& s, std::int16_t depth) {
+    const std::int16_t step = s.stepNum;
+    switch (kind) {
+        case computerA:
+            return {0, set.searchA(s, step, depth), 0};
+        case computerB:
+            return {0, set.searchB(s, step, depth), 0};
+        case aKnowsB:
+            return set.searchAKnowsB(s, step, depth);
+        default:
+            return set.searchBKnowsA(s, step, depth);
     }
 }
 
-// Runs one kind on both sides and compares everything a caller can see.
-void compareKind(const Sample& sample, PlayerKind kind, std::int16_t depth) {
+// Runs one kind both ways and compares everything a caller can see. The
+// modeller is seated on the colour to move unless `seats` says otherwise.
+void compare(const Sample& sample, PlayerKind kind, std::int16_t depth,
+             const PlayerKind* seats = nullptr) {
     SearchState fast = sample.state;
     const std::int16_t step = fast.stepNum;
-    if (kind == aKnowsB || kind == bKnowsA) {
-        const PlayerKind opponent = kind == aKnowsB ? computerB : computerA;
-        const bool blackMoves = (step / 2) * 2 == step;
-        fast.blackSide = blackMoves ? kind : opponent;
-        fast.whiteSide = blackMoves ? opponent : kind;
+    const bool blackMoves = (step / 2) * 2 == step;
+    const PlayerKind opponent = kind == aKnowsB ? computerB : computerA;
+    fast.blackSide = seats ? seats[0] : blackMoves ? kind : opponent;
+    fast.whiteSide = seats ? seats[1] : blackMoves ? opponent : kind;
+    for (std::size_t i = 0; i < fast.bestX.size(); ++i) {
+        fast.bestX[i] = static_cast<std::int16_t>(100 + i);
+        fast.bestY[i] = static_cast<std::int16_t>(300 + i);
     }
-    markChoices(fast);
     SearchState literal = fast;
-    const SearchSet production;
-    const SearchSet reference = reference::literalSearchSet();
-    const std::string where = sample.label + ", kind " + std::to_string(kind) + ", depth " +
-                              std::to_string(depth) + ", step " + std::to_string(step);
-    switch (kind) {
-        case computerA:
-            ASSERT_EQ(production.searchA(fast, step, depth),
-                      reference.searchA(literal, step, depth))
-                << where;
-            break;
-        case computerB:
-            ASSERT_EQ(production.searchB(fast, step, depth),
-                      reference.searchB(literal, step, depth))
-                << where;
-            break;
-        case aKnowsB:
-            ASSERT_EQ(production.searchAKnowsB(fast, step, depth),
-                      reference.searchAKnowsB(literal, step, depth))
-                << where;
-            break;
-        default:
-            ASSERT_EQ(production.searchBKnowsA(fast, step, depth),
-                      reference.searchBKnowsA(literal, step, depth))
-                << where;
-            break;
-    }
+    const std::string where = sample.label + ", kind " + std::to_string(kind) + ", seats " +
+                              std::to_string(fast.blackSide) + std::to_string(fast.whiteSide) +
+                              ", depth " + std::to_string(depth) + ", step " + std::to_string(step);
+    const nodeScores expected = run(reference::literalSearchSet(), kind, literal, depth);
+    const nodeScores got = run(SearchSet{}, kind, fast, depth);
+    ASSERT_EQ(got.ownScore, expected.ownScore) << where;
+    ASSERT_EQ(got.modelScore, expected.modelScore) << where;
+    ASSERT_EQ(got.spare, 0) << where;
     ASSERT_EQ(fast.bestX[step], literal.bestX[step]) << where;
     ASSERT_EQ(fast.bestY[step], literal.bestY[step]) << where;
     ASSERT_EQ(fast.stepNum, literal.stepNum) << where;
     ASSERT_EQ(std::memcmp(&fast.position, &sample.state.position, sizeof(Position)), 0) << where;
-    ASSERT_EQ(std::memcmp(&literal.position, &sample.state.position, sizeof(Position)), 0) << where;
 }
 
 void compareAll(PlayerKind kind, std::uint32_t seed) {
-    ASSERT_FALSE(testing::loadGameRecords().empty())
-        << "no games at " << testing::gameRecordsPath();
-    // Depths 1 and 2 on many positions, 3 on fewer, 4 on short openings only.
-    const std::vector<Sample> shallow[] = {randomOpenings(scaled(500), seed),
-                                           gamePositions(scaled(500), seed + 1)};
-    for (const auto& samples : shallow)
-        for (const Sample& sample : samples)
-            for (std::int16_t depth = 1; depth <= 2; ++depth) {
-                compareKind(sample, kind, depth);
+    ASSERT_FALSE(gamePositions(1, 0).empty()) << "no games at " << testing::gameRecordsPath();
+    struct Batch {
+        std::vector<Sample> samples;
+        std::int16_t fromDepth, toDepth;
+    };
+    const Batch batches[] = {
+        {randomPositions(scaled(500), seed, 16, 9), 1, 2},
+        {gamePositions(scaled(500), seed + 1), 1, 2},
+        {randomPositions(scaled(150), seed + 2, 200, 15, true), 1, 2},
+        {randomPositions(scaled(150), seed + 3, 16, 9), 3, 3},
+        {gamePositions(scaled(60), seed + 4), 3, 3},
+        {outweighedFives(scaled(16), seed + 5), 1, 3},
+        // Compact clusters keep the literal depth-4 trees small and often hold
+        // threes and fours, where the last line of play can end early.
+        {randomPositions(scaled(40), seed + 6, 12, 5), 4, 4},
+        // Roots that are leaves, and the empty board, where nothing is searched.
+        {gamePositions(20, seed + 7), 0, 0},
+        {{{SearchState{}, "empty board"}}, 0, 2},
+    };
+    for (const Batch& batch : batches)
+        for (const Sample& sample : batch.samples)
+            for (std::int16_t depth = batch.fromDepth; depth <= batch.toDepth; ++depth) {
+                compare(sample, kind, depth);
                 if (::testing::Test::HasFatalFailure()) return;
             }
-    const std::vector<Sample> deep[] = {randomOpenings(scaled(150), seed + 2),
-                                        gamePositions(scaled(60), seed + 3)};
-    for (const auto& samples : deep)
-        for (const Sample& sample : samples) {
-            compareKind(sample, kind, 3);
-            if (::testing::Test::HasFatalFailure()) return;
-        }
-    // Compact clusters keep the literal depth-4 trees small and often hold
-    // threes and fours, where the last line of play can end early.
-    for (const Sample& sample : randomOpenings(scaled(40), seed + 4, 12, 5)) {
-        compareKind(sample, kind, 4);
-        if (::testing::Test::HasFatalFailure()) return;
-    }
+    if (kind == computerA || kind == computerB) return;
+    // Seats callers never set up: the knowing kind on both colours, on neither,
+    // or waiting at the root. The node-by-node results still hold.
+    const PlayerKind seats[][2] = {{aKnowsB, aKnowsB},     {bKnowsA, bKnowsA},
+                                   {computerA, computerB}, {userKind, userKind},
+                                   {computerB, aKnowsB},   {bKnowsA, computerA}};
+    for (const Sample& sample : randomPositions(scaled(60), seed + 8, 12, 5))
+        for (const auto& seat : seats)
+            for (std::int16_t depth = 1; depth <= 2; ++depth) {
+                compare(sample, kind, depth, seat);
+                if (::testing::Test::HasFatalFailure()) return;
+            }
 }
 
 TEST(SearchDifferential, ComputerA) {
@@ -174,84 +194,6 @@ TEST(SearchDifferential, AKnowsB) {
 }
 TEST(SearchDifferential, BKnowsA) {
     compareAll(bKnowsA, 4000);
-}
-
-// A five of one colour outweighed, for evalA, by a block of fours of the other:
-// one evaluator sees a finished game and the other does not, so the searches
-// go on past a five.
-std::vector<Sample> outweighedFives(int count, std::uint32_t seed) {
-    std::mt19937 rng(seed);
-    std::vector<Sample> samples;
-    for (int i = 0; i < count; ++i) {
-        Sample sample;
-        SearchState& s = sample.state;
-        const Side fiveSide = i % 2 == 0 ? black : white;
-        const auto row = static_cast<std::int16_t>(1 + rng() % 2);
-        const auto from = static_cast<std::int16_t>(1 + rng() % 4);
-        for (std::int16_t k = 0; k < 5; ++k)
-            placeStone(s.position, static_cast<std::int16_t>(from + k), row, fiveSide);
-        const auto bx = static_cast<std::int16_t>(4 + rng() % 6);
-        const auto by = static_cast<std::int16_t>(6 + rng() % 5);
-        for (std::int16_t dx = 0; dx < 4; ++dx)
-            for (std::int16_t dy = 0; dy < 4; ++dy)
-                placeStone(s.position, static_cast<std::int16_t>(bx + dx),
-                           static_cast<std::int16_t>(by + dy), static_cast<Side>(-fiveSide));
-        s.stepNum = static_cast<std::int16_t>(21 + i % 2);  // both colours to move
-        sample.label = "outweighed five " + std::to_string(i);
-        samples.push_back(sample);
-    }
-    return samples;
-}
-
-TEST(SearchDifferential, OutweighedFives) {
-    const std::vector<Sample> samples = outweighedFives(scaled(16), 66);
-    for (const Sample& sample : samples) {
-        const Position& p = sample.state.position;
-        ASSERT_LT(std::abs(evalA(p, sample.state.stepNum, 1)), winScore) << sample.label;
-        for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind)
-            for (std::int16_t depth = 1; depth <= 3; ++depth) {
-                compareKind(sample, kind, depth);
-                if (HasFatalFailure()) return;
-            }
-    }
-}
-
-// Depth 0, leaves at the root and the empty board, where nothing is searched.
-TEST(SearchDifferential, RootsThatAreNotExpanded) {
-    std::vector<Sample> samples = gamePositions(20, 77);
-    samples.push_back({SearchState{}, "empty board"});
-    for (const Sample& sample : samples)
-        for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind) {
-            compareKind(sample, kind, 0);
-            if (sample.state.stepNum == 0) compareKind(sample, kind, 2);
-            if (HasFatalFailure()) return;
-        }
-}
-
-// Player kinds callers never set up (the knowing kind on both colours, on
-// neither, or waiting at the root) still give the node-by-node results.
-TEST(SearchDifferential, KindsOutsideTheCallersPromise) {
-    const SearchSet production;
-    const SearchSet reference = reference::literalSearchSet();
-    const PlayerKind seats[][2] = {{aKnowsB, aKnowsB},     {bKnowsA, bKnowsA},
-                                   {computerA, computerB}, {userKind, userKind},
-                                   {computerB, aKnowsB},   {bKnowsA, computerA}};
-    for (const Sample& sample : randomOpenings(30, 55, 8))
-        for (const auto& seat : seats)
-            for (std::int16_t depth = 1; depth <= 2; ++depth) {
-                SearchState fast = sample.state;
-                fast.blackSide = seat[0];
-                fast.whiteSide = seat[1];
-                SearchState literal = fast;
-                const std::int16_t step = fast.stepNum;
-                ASSERT_EQ(production.searchAKnowsB(fast, step, depth),
-                          reference.searchAKnowsB(literal, step, depth));
-                ASSERT_EQ(production.searchBKnowsA(fast, step, depth),
-                          reference.searchBKnowsA(literal, step, depth));
-                ASSERT_EQ(fast.bestX[step], literal.bestX[step]);
-                ASSERT_EQ(fast.bestY[step], literal.bestY[step]);
-                ASSERT_EQ(fast.stepNum, literal.stepNum);
-            }
 }
 
 }  // namespace

@@ -1,0 +1,73 @@
+// The windowed value below the root against the exact value of the literal
+// search, for windows the searches themselves rarely pass (bounds at and past
+// the stop thresholds), which the search results alone would not expose:
+//   r >= beta -> value >= beta;  r <= alpha -> value <= r;  otherwise r == value.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+
+#include "players/windowSearch.h"
+#include "reference/literalSearches.h"
+
+namespace quintline {
+namespace {
+
+template <class Eval, Evaluator eval>
+void expectContract(const SearchState& start, std::int16_t depth, std::mt19937& rng) {
+    SearchState exact = start;
+    const std::int16_t step = start.stepNum;
+    const Score value = search::moverAt(step) * reference::plain<eval>(exact, step, depth);
+    const Score probes[] = {-scoreInfinity, value - 1000,  value - 1, value,    value + 1,
+                            value + 1000,   sureScore - 1, sureScore, winScore, scoreInfinity};
+    for (int trial = 0; trial < 12; ++trial) {
+        const Score alpha = probes[rng() % 10], beta = probes[rng() % 10];
+        if (alpha >= beta) continue;
+        SearchState s = start;
+        // A remembered point is only a hint, even one that is taken or far away.
+        Point killer{static_cast<std::int16_t>(1 + rng() % 15),
+                     static_cast<std::int16_t>(1 + rng() % 15)};
+        const Score r =
+            search::windowValue<search::PlainRules<Eval>>(s, step, depth, alpha, beta, &killer);
+        SCOPED_TRACE(::testing::Message() << "depth " << depth << " window (" << alpha << ", "
+                                          << beta << ") value " << value << " result " << r);
+        if (r >= beta)
+            ASSERT_GE(value, beta);
+        else if (r <= alpha)
+            ASSERT_LE(value, r);
+        else
+            ASSERT_EQ(value, r);
+        ASSERT_EQ(std::memcmp(&s.position, &start.position, sizeof(Position)), 0);
+    }
+}
+
+TEST(WindowValue, KeepsItsContractAgainstTheLiteralValue) {
+    std::mt19937 rng(99);
+#ifdef NDEBUG
+    const int positions = 60;
+#else
+    const int positions = 15;  // unoptimised builds run the literal search slowly
+#endif
+    for (int n = 0; n < positions; ++n) {
+        // Compact clusters: threes and fours are common, trees stay small.
+        SearchState s;
+        s.stepNum = static_cast<std::int16_t>(3 + rng() % 12);
+        for (int i = 0; i < s.stepNum; ++i) {
+            std::int16_t x, y;
+            do {
+                x = static_cast<std::int16_t>(6 + rng() % 5);
+                y = static_cast<std::int16_t>(6 + rng() % 5);
+            } while (s.position.board[x][y] != empty);
+            placeStone(s.position, x, y, i % 2 == 0 ? black : white);
+        }
+        for (std::int16_t depth = 1; depth <= 3; ++depth) {
+            expectContract<EvaluatorA, evalA>(s, depth, rng);
+            expectContract<EvaluatorB, evalB>(s, depth, rng);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace quintline
