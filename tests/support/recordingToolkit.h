@@ -111,6 +111,12 @@ class RecordingToolkit final : public Toolkit {
             if (c.request == request) found.push_back(c);
         return found;
     }
+    // The kinds of request recorded, in order.
+    std::vector<Request> requests() const {
+        std::vector<Request> found;
+        for (const Call& c : calls) found.push_back(c.request);
+        return found;
+    }
     std::size_t count(Request request) const {
         return static_cast<std::size_t>(std::count_if(
             calls.begin(), calls.end(), [&](const Call& c) { return c.request == request; }));
