@@ -40,7 +40,7 @@ TEST(StartUp, OpensWithTheCentreStoneAndTheDesignSettingsAndANewGameClearsIt) {
                                                  caption, stoneAndRing, repaint, caption}));
     EXPECT_EQ(recording.lastCaption(Control::mainForm), "Quintline Version 3.5  15*15  ");
     EXPECT_EQ(recording.lastCaption(Control::Command1), "no suggestion");
-    EXPECT_EQ(recording.of(stoneAndRing)[0].userColour, white);
+    EXPECT_EQ(recording.of(stoneAndRing).at(0).userColour, white);
 
     // With the user on black a new game leaves the board empty; result and sides stay.
     Session session;
@@ -93,8 +93,13 @@ TEST(Clicks, OnlyAnEmptyBoardPointWithTheTurnAndAColourCountsInCellsOfCellSize) 
     }
     EXPECT_TRUE(session.toolkit.calls.empty());
     EXPECT_EQ(s.stepNum, 1);
+}
 
-    std::tie(s.userColour, s.clickAllowed, s.twoUsers) = std::tuple(white, flagTrue, flagTrue);
+TEST(TwoUsers, ColoursAlternateByClickInCellsOfCellSizeWithoutReplyOrRing) {
+    Session session;
+    GameState& s = session.s;
+    auto& tk = session.toolkit;
+    s.twoUsers = flagTrue;
     for (const auto& [X, Y, x, y] :
          {std::tuple<float, float, std::int16_t, std::int16_t>(0, 0, 1, 1),
           {532.9f, 533, 1, 2},
@@ -103,6 +108,19 @@ TEST(Clicks, OnlyAnEmptyBoardPointWithTheTurnAndAColourCountsInCellsOfCellSize) 
         session.game.boardMouseDown(X, Y);
         EXPECT_EQ(s.moveRecord[s.stepNum], (MoveRecordEntry{sideToMove(s.stepNum), x, y}));
     }
+    for (Point p : {Point{1, 5}, {9, 8}, {1, 7}, {10, 8}, {1, 9}, {11, 8}, {1, 11}})
+        click(session.game, p.x, p.y);
+    EXPECT_EQ(std::tuple(s.stepNum, s.gameResult, s.clickAllowed),
+              std::tuple(12, gameOpen, flagTrue));
+    for (const Call& stone : tk.of(stoneAndRing)) EXPECT_EQ(stone.colour, stone.userColour);
+    EXPECT_FALSE(tk.lastCaption(Control::whoRun));
+    // Black's five from (8, 8) ends the game with a message; the next click is black's again.
+    click(session.game, 12, 8);
+    EXPECT_EQ(s.gameResult, blackWon);
+    EXPECT_EQ(tk.messages(), std::vector<std::string>{"GameOver! You Win!"});
+    click(session.game, 3, 3);
+    EXPECT_EQ(s.position.board[3][3], black);
+    EXPECT_EQ(s.gameResult, gameOpen);  // only the lines through the new stone are judged
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-// One user against a computer, and two users on one board: clicks, replies and
-// the end of a game.
+// One user against a computer: replies and the ends of a game.
 
 #include <gtest/gtest.h>
 
@@ -43,7 +42,7 @@ TEST(UserAgainstComputer, TheUserCompletesAnOpenFour) {
     click(session.game, 3, s.position.board[3][1] == empty ? 1 : 6);
     EXPECT_EQ(std::tuple(s.gameResult, s.clickAllowed), std::tuple(whiteWon, flagFalse));
     EXPECT_EQ(tk.messages(), std::vector<std::string>{"GameOver! You Win!"});
-    EXPECT_EQ(tk.of(Request::message)[0].buttons, MessageButtons::ok);
+    EXPECT_EQ(tk.of(Request::message).at(0).buttons, MessageButtons::ok);
     EXPECT_FALSE(tk.lastCaption(Control::whoRun));  // no computer move followed
     EXPECT_EQ(tk.lastEnabled(Control::cmdBack), true);
 }
@@ -71,30 +70,6 @@ TEST(UserAgainstComputer, GamesThatFillTheBoardAreDrawn) {
         EXPECT_EQ(tk.lastCaption(Control::checkPos), "0");
         EXPECT_TRUE(tk.messages().empty());
     }
-}
-
-TEST(TwoUsers, ColoursAlternateByClickWithoutReplyOrRing) {
-    Session session;
-    GameState& s = session.s;
-    auto& tk = session.toolkit;
-    s.twoUsers = flagTrue;
-    for (Point p : {Point{1, 1}, {8, 9}, {1, 3}, {8, 10}, {1, 5}, {8, 11}, {1, 7}}) {
-        click(session.game, p.x, p.y);
-        EXPECT_EQ(s.position.board[p.x][p.y], sideToMove(s.stepNum));
-    }
-    EXPECT_EQ(std::tuple(s.stepNum, s.gameResult, s.clickAllowed),
-              std::tuple(8, gameOpen, flagTrue));
-    for (const Call& stone : tk.of(Request::stoneAndRing))
-        EXPECT_EQ(stone.colour, stone.userColour);
-    EXPECT_FALSE(tk.lastCaption(Control::whoRun));
-
-    // Black's five ends the game with a message; the next click is black's again.
-    click(session.game, 8, 12);
-    EXPECT_EQ(s.gameResult, blackWon);
-    EXPECT_EQ(tk.messages(), std::vector<std::string>{"GameOver! You Win!"});
-    click(session.game, 2, 2);
-    EXPECT_EQ(s.position.board[2][2], black);
-    EXPECT_EQ(s.gameResult, gameOpen);  // only the lines through the new stone are judged
 }
 
 }  // namespace
