@@ -1,5 +1,5 @@
-// The computer's move, games between two computers, the suggested point, and
-// the searches that leave no point to play.
+// The computer's move, games between two computers, the searches that leave no
+// point to play, and the suggestion's search.
 
 #include <gtest/gtest.h>
 
@@ -33,11 +33,11 @@ void expectFinished(const GameState& s, const RecordingToolkit& tk) {
 TEST(ComputerGame, BlackOpensOnTheCentreThenEachKindSearchesInTurnAtItsDepth) {
     // From the empty board (the user on black) black opens without a search;
     // from one stone white searches first.
-    for (const auto& [user, blackSide, whiteSide, depthA, depthB, first, second] :
-         {std::tuple(black, computerA, computerB, 2, 2, "Computer B is running",
-                     "Computer A is running"),
-          {white, aKnowsB, bKnowsA, 1, 2, "Computer B(knows A) is running",
-           "Computer A(knows B) is running"}}) {
+    const std::tuple<Side, PlayerKind, PlayerKind, int, int, const char*, const char*> rows[] = {
+        {black, computerA, computerB, 2, 2, "Computer B is running", "Computer A is running"},
+        {white, aKnowsB, bKnowsA, 1, 2, "Computer B(knows A) is running",
+         "Computer A(knows B) is running"}};
+    for (const auto& [user, blackSide, whiteSide, depthA, depthB, first, second] : rows) {
         Session session({}, user);
         GameState& s = session.s;
         auto& tk = session.toolkit;
@@ -61,29 +61,29 @@ TEST(ComputerGame, BlackOpensOnTheCentreThenEachKindSearchesInTurnAtItsDepth) {
 }
 
 TEST(ComputerGame, TheWinnerIsNamedByColourAndFamily) {
-    const std::vector<Point> blackFour{{8, 8},  {1, 1}, {8, 9},  {1, 3},
-                                       {8, 10}, {1, 5}, {8, 11}, {14, 14}};
-    const std::vector<Point> whiteFour{{8, 8}, {1, 1},   {10, 12}, {1, 2}, {12, 10},
-                                       {1, 3}, {14, 14}, {1, 4},   {5, 12}};
-    for (const auto& [blackSide, whiteSide, four, winner] :
-         {std::tuple(computerB, computerA, &blackFour, "GameOver! B (black) Win!"),
-          {aKnowsB, computerB, &blackFour, "GameOver! A (black) Win!"},
-          {computerB, computerA, &whiteFour, "GameOver! A (white) Win!"},
-          {computerA, bKnowsA, &whiteFour, "GameOver! B (white) Win!"}}) {
+    // After eight stones black, after nine white is to move, each holding a four.
+    const std::vector<Point> fours{{8, 8}, {1, 1},  {8, 9}, {1, 2},  {8, 10},
+                                   {1, 3}, {8, 11}, {1, 4}, {14, 14}};
+    const std::tuple<PlayerKind, PlayerKind, std::size_t, const char*> rows[] = {
+        {computerB, computerA, 8, "GameOver! B (black) Win!"},
+        {aKnowsB, computerB, 8, "GameOver! A (black) Win!"},
+        {computerB, computerA, 9, "GameOver! A (white) Win!"},
+        {computerA, bKnowsA, 9, "GameOver! B (white) Win!"}};
+    for (const auto& [blackSide, whiteSide, stones, winner] : rows) {
         Session session;
         GameState& s = session.s;
-        lay(session.game, *four);
+        lay(session.game, fours, stones);
         std::tie(s.blackSide, s.whiteSide, s.depthA, s.depthB) =
             std::tuple(blackSide, whiteSide, 1, 1);
         session.toolkit.forget();
         session.game.computerGame();
-        EXPECT_EQ(s.stepNum, four->size() + 1);
+        EXPECT_EQ(s.stepNum, stones + 1);
         expectFinished(s, session.toolkit);
         // A win against userColour (white) is first announced as the computer's.
         const auto whoRun = session.toolkit.captionsOf(Control::whoRun);
         ASSERT_GE(whoRun.size(), 2u);
         EXPECT_EQ(whoRun.back(), winner);
-        EXPECT_EQ(whoRun[whoRun.size() - 2] == "Game Over! Computer Win.", four == &blackFour);
+        EXPECT_EQ(whoRun[whoRun.size() - 2] == "Game Over! Computer Win.", stones == 8);
     }
 }
 
@@ -167,6 +167,38 @@ TEST(NoPoint, AStandingFiveDecidesForItsHolderWhiteBeforeBlack) {
     tk.forget();
     EXPECT_EQ(session.game.computerMove(computerB), whiteWon);
     EXPECT_EQ(tk.captionsOf(Control::whoRun), std::vector<std::string>{"Computer B is running"});
+}
+
+TEST(Suggestion, DepthByStoneCountAndASearchThatLeavesTheGameAsItWas) {
+    const std::tuple<int, int, int> depthTable[] = {
+        {0, 0, 1},     {1, 187, 2},   {188, 208, 3}, {209, 214, 4}, {215, 216, 5},
+        {217, 217, 8}, {218, 218, 7}, {219, 219, 6}, {220, 220, 5}, {221, 221, 4},
+        {222, 222, 3}, {223, 223, 2}, {224, 224, 1}, {225, 225, 0}};
+    const std::vector<Point> order = fullBoardWithoutFive();
+    int covered = 0;
+    for (const auto& [first, last, depth] : depthTable) {
+        for (int n = first; n <= last; ++n, ++covered)
+            EXPECT_EQ(suggestionDepth(static_cast<std::int16_t>(n)), depth) << n;
+        for (int stones : {first, last}) {
+            Session session({}, stones == 0 ? black : white);
+            GameState& s = session.s;
+            lay(session.game, order, static_cast<std::size_t>(stones));
+            session.toolkit.forget();
+            const GameState before = s;
+            session.game.showSuggestion();
+            EXPECT_TRUE(sameTables(s.position, before.position)) << stones;
+            EXPECT_EQ(std::tie(s.stepNum, s.moveRecord),
+                      std::tie(before.stepNum, before.moveRecord));
+            EXPECT_EQ(session.toolkit.captionsOf(Control::Label1),
+                      std::vector<std::string>{std::to_string(depth)});
+            // No mark where the search has nothing to choose: the empty board, or depth 0.
+            const auto marks = session.toolkit.of(Request::suggestionMark);
+            ASSERT_EQ(marks.size(), stones == 0 || stones == 225 ? 0u : 1u) << stones;
+            for (const Call& mark : marks)
+                EXPECT_TRUE(s.position.isCandidate(mark.point.x, mark.point.y)) << stones;
+        }
+    }
+    EXPECT_EQ(covered, 226);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "gameFixture.h"
+#include "support/scriptedSearches.h"
 
 namespace quintline {
 namespace {
@@ -16,98 +17,84 @@ using namespace testing;
 using enum Request;
 
 TEST(Replay, AReplyWithTheSuggestionOnThenSteppedOverAndGivenUp) {
-    Session session;
+    // Computer A builds its column from (1, 1) at depth 3; the suggestion's
+    // search, at depth 2, wanders to (15, 3).
+    Session session(scriptedSearches());
     GameState& s = session.s;
     auto& tk = session.toolkit;
+    const Position one = s.position;
     session.game.toggleSuggestion();
-    EXPECT_EQ(
-        std::tuple(s.suggestionOn, tk.lastCaption(Control::Command1), tk.count(suggestionMark)),
-        std::tuple(flagTrue, "suggestion", 1u));
+    EXPECT_EQ(s.suggestionOn, flagTrue);
+    EXPECT_EQ(tk.transcript(), "caption Command1 suggestion\ncaption Label1 2\nmark 15,3\n");
     tk.forget();
 
     click(session.game, 9, 8);
-    const MoveRecordEntry reply = s.moveRecord[3];
     const Position three = s.position;
-    EXPECT_EQ((s.moveRecord[2]), (MoveRecordEntry{white, 9, 8}));
-    EXPECT_EQ(s.position.board[reply.x][reply.y], black);
+    EXPECT_EQ(std::tuple(s.moveRecord[2], s.moveRecord[3], s.position.board[1][1]),
+              std::tuple(MoveRecordEntry{white, 9, 8}, MoveRecordEntry{black, 1, 1}, black));
     EXPECT_EQ(std::tuple(s.stepNum, s.gameResult, s.clickAllowed),
               std::tuple(3, gameOpen, flagTrue));
-    // Both replay buttons off, the centre stone's ring painted over, the user's
-    // stone; the search, the ringed reply, its candidates, the suggestion's mark;
-    // cmdBack on again.
-    EXPECT_EQ(tk.requests(),
-              (std::vector{enabled, enabled, plainStone, caption, stoneAndRing, repaint, enabled,
-                           caption, caption, caption, caption, stoneAndRing, repaint,
-                           candidateFrames, caption, repaint, caption, suggestionMark, enabled}));
-    EXPECT_EQ(std::tuple(tk.calls.at(0).control, tk.calls.at(1).control, tk.calls.back().control),
-              std::tuple(Control::cmdBack, Control::cmdForw, Control::cmdBack));
-    EXPECT_EQ(std::tuple(tk.calls.at(2).point, tk.calls.at(2).colour),
-              std::tuple(Point{8, 8}, black));
-    EXPECT_EQ(tk.of(stoneAndRing).at(1).point, (Point{reply.x, reply.y}));
-    EXPECT_EQ(tk.captionsOf(Control::whoRun), std::vector<std::string>{"Computer A is running"});
-    EXPECT_EQ(tk.captionsOf(Control::Label1), (std::vector<std::string>{"3", "2"}));
-    EXPECT_EQ(tk.lastCaption(Control::winLab), "not sure");
-    EXPECT_EQ(tk.captionsOf(Control::stepNumLab), (std::vector<std::string>{"2", "3"}));
-    std::vector<Point> candidates;
+    // The buttons off, the centre stone's ring painted over, the user's stone;
+    // the search, the ringed reply, its 13 candidates, the suggestion; cmdBack on.
+    EXPECT_EQ(tk.transcript(),
+              "enabled cmdBack off\nenabled cmdForw off\nplain 8,8 1\n"
+              "caption stepNumLab 2\nstone 9,8 -1 -1\nrepaint\n"
+              "enabled cmdForw off\ncaption Label1 3\ncaption whoRun Computer A is running\n"
+              "caption winLab not sure\ncaption stepNumLab 3\nstone 1,1 1 -1\nrepaint\n"
+              "frames 13\ncaption checkPos 13\nrepaint\n"
+              "caption Label1 2\nmark 15,3\nenabled cmdBack on\n");
+    std::vector<Point> candidates;  // in scan order
     for (std::int16_t x = 1; x <= boardSize; ++x)
         for (std::int16_t y = 1; y <= boardSize; ++y)
             if (s.position.isCandidate(x, y)) candidates.push_back({x, y});
     EXPECT_EQ(tk.of(candidateFrames).at(0).points, candidates);
-    EXPECT_EQ(tk.lastCaption(Control::checkPos), std::to_string(candidates.size()));
     tk.forget();
 
-    // Back over the reply and the user's own stone; the record stays.
+    // Back over the reply and the user's own stone: the record stays, cmdBack
+    // is left alone above stepNum 0.
     session.game.cmdBackClick();
     EXPECT_EQ(s.clickAllowed, flagFalse);
     session.game.cmdBackClick();
     EXPECT_EQ(s.clickAllowed, flagTrue);
-    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, s.moveRecord[3]), std::tuple(1, 2, reply));
-    EXPECT_EQ(s.position.board[9][8], empty);
-    EXPECT_EQ(tk.captionsOf(Control::stepNumLab), (std::vector<std::string>{"2", "1"}));
-    const auto erased = tk.of(eraseStone);
-    ASSERT_EQ(erased.size(), 2u);
-    EXPECT_EQ(std::tuple(erased[0].point, erased[1].point),
-              std::tuple(Point{reply.x, reply.y}, Point{9, 8}));
-    // cmdBack goes off only at stepNum 0, cmdForw only once nothing lies ahead.
-    EXPECT_EQ(std::tuple(tk.lastEnabled(Control::cmdBack), tk.lastEnabled(Control::cmdForw)),
-              std::tuple(std::nullopt, true));
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, s.moveRecord[3]),
+              std::tuple(1, 2, MoveRecordEntry{black, 1, 1}));
+    EXPECT_TRUE(sameTables(s.position, one));
+    EXPECT_EQ(tk.transcript(),
+              "caption stepNumLab 2\nerase 1,1\nenabled cmdForw on\n"
+              "caption stepNumLab 1\nerase 9,8\nenabled cmdForw on\n");
     tk.forget();
+    // Forward again: each stone shown ringed, then plain; no suggestion.
     session.game.cmdForwClick();
-    EXPECT_EQ(std::tuple(s.clickAllowed, tk.lastEnabled(Control::cmdForw)),
-              std::tuple(flagFalse, std::nullopt));
+    EXPECT_EQ(s.clickAllowed, flagFalse);
     session.game.cmdForwClick();
     EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, s.gameResult, s.clickAllowed),
               std::tuple(3, 0, gameOpen, flagTrue));
     EXPECT_TRUE(sameTables(s.position, three));
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
-    // A replayed stone comes back ringed, is shown, then painted plain; no suggestion.
-    const std::size_t ringed = tk.findLast(stoneAndRing);
-    ASSERT_LT(ringed + 2, tk.calls.size());
-    EXPECT_EQ(std::tuple(tk.calls[ringed + 1].request, tk.calls[ringed + 2].request,
-                         tk.calls[ringed + 2].point, tk.calls[ringed + 2].colour),
-              std::tuple(repaint, plainStone, Point{reply.x, reply.y}, black));
-    EXPECT_EQ(tk.count(suggestionMark), 0u);
+    EXPECT_EQ(tk.transcript(),
+              "caption stepNumLab 2\nstone 9,8 -1 -1\nrepaint\nplain 9,8 -1\nenabled cmdBack on\n"
+              "caption stepNumLab 3\nstone 1,1 1 -1\nrepaint\nplain 1,1 1\n"
+              "enabled cmdForw off\nenabled cmdBack on\n");
 
     // The end buttons run at least once and stop at the ends of the record.
     session.game.backwardEndClick();
-    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, tk.lastEnabled(Control::cmdBack)),
-              std::tuple(0, 3, false));
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead), std::tuple(0, 3));
     EXPECT_TRUE(sameTables(s.position, Position{}));
     tk.forget();
     session.game.backwardEndClick();
-    EXPECT_EQ(tk.requests(), (std::vector{enabled, enabled}));
     session.game.cmdForwardEndClick();
+    EXPECT_TRUE(tk.transcript().starts_with(
+        "enabled cmdBack off\nenabled cmdForw on\ncaption stepNumLab 1\n"));
     EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead), std::tuple(3, 0));
     EXPECT_TRUE(sameTables(s.position, three));
     tk.forget();
     session.game.cmdForwardEndClick();
-    EXPECT_EQ(tk.requests(), (std::vector{enabled, enabled}));
+    EXPECT_EQ(tk.transcript(), "enabled cmdForw off\nenabled cmdBack on\n");
 
     // Switching the suggestion off only says so: its mark stays on the board.
     tk.forget();
     session.game.toggleSuggestion();
-    EXPECT_EQ(std::tuple(s.suggestionOn, tk.calls.size(), tk.lastCaption(Control::Command1)),
-              std::tuple(flagFalse, 1u, "no suggestion"));
+    EXPECT_EQ(std::tuple(s.suggestionOn, tk.transcript()),
+              std::tuple(flagFalse, "caption Command1 no suggestion\n"));
     // A click after stepping back gives up what lay ahead.
     session.game.stepBack();
     session.game.stepBack();
