@@ -85,56 +85,43 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     writeBoardFile(d + "empty.txt", {});
     writeBytes(d + "wide.txt", wideBoardFile);
     writeBytes(d + "none.txt", "0\r\n");
-    const std::vector<std::string> analyse{"--kind", "1", "--depth", "2"};
-    // Arguments, exit status, and a text that stdout and stderr must hold (or be empty).
-    const std::tuple<std::vector<std::string>, int, std::string, std::string> rows[] = {
-        {{}, exitUsage, "", "quintline-batch: no command given\nTry 'quintline-batch --help'.\n"},
-        {{"analyse", "--help"}, exitDone, "Usage:\n", ""},
-        {{"analyse", d + "small.txt", "--kind", "4", "--depth", "2"}, exitDone, "9 9 75 160\n", ""},
-        {{"analyse", d + "small.txt", "--kind", "1", "--depth", "2"}, exitDone, "10 7 160\n", ""},
-        {{"analyse", d + "empty.txt", "--kind", "1", "--depth", "2"},
-         exitDone,
-         "0 0 -2147483647\n",
-         ""},
-        {{"analyse", d + "small.txt", "--kind", "3", "--depth", "2", "--black", "3"},
-         exitUsage,
-         "",
+    // Arguments (@ for the scratch directory), exit status, and a text that
+    // stdout and stderr must hold, or nothing.
+    const std::tuple<std::string, int, std::string, std::string> rows[] = {
+        {"", exitUsage, "", "quintline-batch: no command given\nTry 'quintline-batch --help'.\n"},
+        {"analyse --help", exitDone, "Usage:\n", ""},
+        {"analyse @small.txt --kind 4 --depth 2", exitDone, "9 9 75 160\n", ""},
+        {"analyse @small.txt --kind 1 --depth 2", exitDone, "10 7 160\n", ""},
+        {"analyse @empty.txt --kind 1 --depth 2", exitDone, "0 0 -2147483647\n", ""},
+        // The modeller must play the side to move, and the other side another kind.
+        {"analyse @small.txt --kind 3 --depth 2 --white 2", exitUsage, "",
          "quintline-batch: kind 3 searches for the side to move, white here"},
-        {{"analyse", d + "wide.txt", "--kind", "1", "--depth", "2"},
-         exitRefused,
-         "",
+        {"analyse @small.txt --kind 3 --depth 2 --black 3", exitUsage, "", "white here"},
+        {"analyse @wide.txt --kind 1 --depth 2", exitRefused, "",
          "quintline-batch: the gird size or the piece number is not suitable! Not loaded\n"},
-        {{"analyse", d + "missing.txt", "--kind", "1", "--depth", "2"},
-         exitRefused,
-         "",
+        {"analyse @missing.txt --kind 1 --depth 2", exitRefused, "",
          "missing.txt: board file cannot be opened! Not loaded\n"},
-        {{"testsuite", "--list", d + "nolist.txt", "--report", d + "never.txt"},
-         exitRefused,
-         "",
+        {"testsuite --list @nolist.txt --report @never.txt", exitRefused, "",
          "quintline-batch: " + d + "nolist.txt can not be opened! Not started\n"},
-        {{"tournament", "--cycles", "3", "--report", d},
-         exitRefused,
-         "",
+        {"tournament --cycles 3 --report @", exitRefused, "",
          "quintline-batch: " + d + " can not be written! Not started\n"},
-        {{"testsuite", "--list", d + "none.txt", "--report", d + "r.txt"},
-         exitDone,
-         "1 A(3):B(2)",
-         ""},
-    };
-    for (const auto& [args, status, out, err] : rows) {
-        SCOPED_TRACE(args.empty() ? "" : args.back());
-        const std::vector<std::string_view> words(args.begin(), args.end());
+        {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""}};
+    for (const auto& [line, status, out, err] : rows) {
+        SCOPED_TRACE(line);
+        std::vector<std::string> args;
+        std::istringstream words(line);
+        for (std::string word; words >> word;)
+            args.push_back(word[0] == '@' ? d + word.substr(1) : word);
         ScriptedClock clock = sameClock();
         std::atomic<bool> stop{false};
         Environment environment{clock, stop};  // the real searches
         std::ostringstream printed, complained;
-        EXPECT_EQ(runCommandLine(words, 2, environment, {printed, complained}), status);
-        EXPECT_TRUE(out.empty() ? printed.str().empty()
-                                : printed.str().find(out) != std::string::npos)
-            << printed.str();
-        EXPECT_TRUE(err.empty() ? complained.str().empty()
-                                : complained.str().find(err) != std::string::npos)
-            << complained.str();
+        EXPECT_EQ(runCommandLine(std::vector<std::string_view>(args.begin(), args.end()), 2,
+                                 environment, {printed, complained}),
+                  status);
+        for (const auto& [text, wanted] : {std::pair(printed.str(), out), {complained.str(), err}})
+            EXPECT_TRUE(wanted.empty() ? text.empty() : text.find(wanted) != std::string::npos)
+                << text;
     }
     EXPECT_FALSE(std::filesystem::exists(d + "never.txt"));
 }

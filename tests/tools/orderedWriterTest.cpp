@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 #include <thread>
 #include <tuple>
@@ -14,12 +15,12 @@
 namespace quintline::batch {
 namespace {
 
-using Seen = std::vector<std::pair<std::size_t, int>>;
+using Seen = std::vector<std::pair<std::size_t, std::size_t>>;
 
 struct Recorder {
     Seen seen;
     std::size_t failAt = SIZE_MAX;
-    OrderedWriter<int> writer{[this](std::size_t index, int& item) {
+    OrderedWriter<std::size_t> writer{[this](std::size_t index, std::size_t& item) {
         if (index == failAt) return false;
         seen.emplace_back(index, item);
         return true;
@@ -41,33 +42,31 @@ TEST(OrderedWriter, HoldsItemsBehindAGapAndStopsAtACutOrAFailingSink) {
     r.writer.cut(5);
     EXPECT_EQ(r.writer.waiting(), 0u);
     r.writer.cut(9);
-    for (int i : {3, 4, 5, 6}) r.writer.complete(static_cast<std::size_t>(i), i * 10);
+    for (std::size_t i : {3, 4, 5, 6}) r.writer.complete(i, i * 10);
     EXPECT_EQ(r.writer.handedOn(), 5u);
 
     // A sink that refuses item 1 ends the writing there.
     Recorder failing;
     failing.failAt = 1;
-    for (int i : {2, 1, 0, 3}) failing.writer.complete(static_cast<std::size_t>(i), i * 10);
+    for (std::size_t i : {2, 1, 0, 3}) failing.writer.complete(i, i * 10);
     EXPECT_EQ(failing.seen, (Seen{{0, 0}}));
     EXPECT_EQ(std::tuple(failing.writer.handedOn(), failing.writer.waiting()), std::tuple(1u, 0u));
 }
 
 TEST(OrderedWriter, ManyThreadsInShuffledOrderStillWriteInOrder) {
-    constexpr int count = 2000;
-    std::vector<int> order(count);
-    for (int i = 0; i < count; ++i) order[static_cast<std::size_t>(i)] = i;
+    std::vector<std::size_t> order(2000);
+    std::iota(order.begin(), order.end(), 0);
     std::shuffle(order.begin(), order.end(), std::mt19937(42));
     Recorder r;
     std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t)
+    for (std::size_t t = 0; t < 4; ++t)
         threads.emplace_back([&, t] {
-            for (std::size_t i = static_cast<std::size_t>(t); i < order.size(); i += 4)
-                r.writer.complete(static_cast<std::size_t>(order[i]), order[i] * 3);
+            for (std::size_t i = t; i < order.size(); i += 4)
+                r.writer.complete(order[i], order[i] * 3);
         });
     for (auto& thread : threads) thread.join();
-    Seen expected;
-    for (int i = 0; i < count; ++i) expected.emplace_back(i, i * 3);
-    EXPECT_EQ(r.seen, expected);
+    ASSERT_EQ(r.seen.size(), order.size());
+    for (std::size_t i = 0; i < r.seen.size(); ++i) EXPECT_EQ(r.seen[i], std::pair(i, i * 3));
 }
 
 }  // namespace
