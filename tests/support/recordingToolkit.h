@@ -111,12 +111,6 @@ class RecordingToolkit final : public Toolkit {
             if (c.request == request) found.push_back(c);
         return found;
     }
-    // The kinds of request recorded, in order.
-    std::vector<Request> requests() const {
-        std::vector<Request> found;
-        for (const Call& c : calls) found.push_back(c.request);
-        return found;
-    }
     // Every request recorded, a line each: "caption whoRun <text>", "enabled cmdBack off",
     // "clear List2", "grid", "repaint", "message <text>", "stone x,y colour userColour",
     // "plain x,y colour", "erase x,y", "frames <how many>", "mark x,y".
