@@ -1,8 +1,8 @@
 #pragma once
 // A game over the recording toolkit, and helpers to drive it as the windows do.
 
+#include <algorithm>
 #include <cstring>
-#include <initializer_list>
 #include <vector>
 
 #include "game/game.h"
@@ -10,80 +10,51 @@
 
 namespace quintline::testing {
 
-// A session as the main window opens it: start-up, then a new game.
+// A session as the main window opens it, the user on `user`, nothing recorded yet.
 struct Session {
     RecordingToolkit toolkit;
-    Game game{toolkit};
+    Game game;
     GameState& s = game.state();
 
-    Session() {
+    explicit Session(SearchSet searches = {}, Side user = white) : game(toolkit, searches) {
         game.startSession();
+        s.userColour = user;
         game.newGame();
+        toolkit.forget();
     }
 };
 
 // A mouse-down in the middle of the cell of (x, y).
 inline void click(Game& game, int x, int y) {
     const float cell = game.state().cellSize;
-    game.boardMouseDown((static_cast<float>(x) - 0.5f) * cell,
-                        (static_cast<float>(y) - 0.5f) * cell);
+    game.boardMouseDown((x - 0.5f) * cell, (y - 0.5f) * cell);
 }
 
-// Lays stones as two users would, the colours alternating from userColour,
-// then hands the board back to a game of one user against the computer.
-inline void layAsTwoUsers(Game& game, std::initializer_list<Point> points) {
-    GameState& s = game.state();
-    s.twoUsers = flagTrue;
-    for (Point p : points) game.userMove(p.x, p.y);
-    s.twoUsers = flagFalse;
-}
-
-inline Side colourAt(const GameState& s, int x, int y) {
-    return s.position.board[x][y];
+// Commits the moves of `order` after those already played (order[0] is move 1)
+// up to move `count`, colours alternating from black.
+inline void lay(Game& game, const std::vector<Point>& order, std::size_t count = 225) {
+    for (std::size_t n = game.state().stepNum; n < std::min(count, order.size()); ++n)
+        game.Putchess(order[n].x, order[n].y, sideToMove(static_cast<std::int16_t>(n + 1)));
 }
 
 inline bool sameTables(const Position& a, const Position& b) {
     return std::memcmp(&a, &b, sizeof(Position)) == 0;
 }
 
-// The empty points beside a stone, in scan order, found from the board alone.
-inline std::vector<Point> emptyPointsBesideStones(const Position& pos) {
-    std::vector<Point> found;
-    for (int x = 1; x <= boardSize; ++x)
-        for (int y = 1; y <= boardSize; ++y) {
-            if (pos.board[x][y] != empty) continue;
-            bool beside = false;
-            for (int dx = -1; dx <= 1; ++dx)
-                for (int dy = -1; dy <= 1; ++dy)
-                    if ((dx || dy) && onBoard(x + dx, y + dy) && pos.board[x + dx][y + dy] != empty)
-                        beside = true;
-            if (beside)
-                found.push_back({static_cast<std::int16_t>(x), static_cast<std::int16_t>(y)});
-        }
-    return found;
-}
-
 // A full board without a five: black where (x + 2y) / 4, rounded down, is even.
-// Listed in playing order, black and white alternating from black's (8, 8).
-// The last stone is black's (1, 1), the only empty point of row 1's first line
-// of four whites, so every position before it still has an open line.
+// In playing order from black's (8, 8); the last stone is black's (1, 1), the
+// only empty point of a line of four whites, so every earlier position is open.
 inline std::vector<Point> fullBoardWithoutFive() {
-    auto isBlack = [](int x, int y) { return ((x + 2 * y) / 4) % 2 == 0; };
-    std::vector<Point> blacks{{8, 8}};
-    std::vector<Point> whites;
+    std::vector<Point> side[2], order;  // black, white
     for (std::int16_t x = 1; x <= boardSize; ++x)
-        for (std::int16_t y = 1; y <= boardSize; ++y) {
-            const Point p{x, y};
-            if (!isBlack(x, y))
-                whites.push_back(p);
-            else if (p != Point{8, 8} && p != Point{1, 1})
-                blacks.push_back(p);
-        }
-    blacks.push_back({1, 1});
-    std::vector<Point> order;
-    for (std::size_t n = 0; n < blacks.size(); ++n) {
-        order.push_back(blacks[n]);
-        if (n < whites.size()) order.push_back(whites[n]);
+        for (std::int16_t y = 1; y <= boardSize; ++y)
+            if (Point{x, y} != Point{8, 8} && Point{x, y} != Point{1, 1})
+                side[(x + 2 * y) / 4 % 2].push_back({x, y});
+    side[0].insert(side[0].begin(), Point{8, 8});
+    side[0].push_back({1, 1});
+    for (std::size_t n = 0; n < side[0].size(); ++n) {
+        order.push_back(side[0][n]);
+        if (n < side[1].size()) order.push_back(side[1][n]);
     }
     return order;
 }

@@ -1,251 +1,169 @@
-// Stepping back and forward through the move record, and the four replay buttons.
+// A reply stepped back and forward through the move record, the four replay
+// buttons, and the results of replayed stones.
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "gameFixture.h"
+#include "support/scriptedSearches.h"
 
 namespace quintline {
 namespace {
 
-using testing::click;
-using testing::layAsTwoUsers;
-using testing::Request;
-using testing::Session;
+using namespace testing;
+using enum Request;
 
-// A session with three stones: the centre, the user's (9, 8) and the reply.
-struct ThreeStones : Session {
-    ThreeStones() {
-        s.depthA = 1;
-        click(game, 9, 8);
-        toolkit.forget();
-    }
-};
-
-TEST(Replay, BackTwiceAndForwardTwiceRestoresThePosition) {
-    ThreeStones session;
+TEST(Replay, AReplyWithTheSuggestionOnThenSteppedOverAndGivenUp) {
+    // Computer A builds its column from (1, 1) at depth 3; the suggestion's
+    // search, at depth 2, wanders to (15, 3).
+    Session session(scriptedSearches());
     GameState& s = session.s;
     auto& tk = session.toolkit;
+    const Position one = s.position;
+    session.game.toggleSuggestion();
+    EXPECT_EQ(s.suggestionOn, flagTrue);
+    EXPECT_EQ(tk.transcript(), "caption Command1 suggestion\ncaption Label1 2\nmark 15,3\n");
+    tk.forget();
+
+    click(session.game, 9, 8);
     const Position three = s.position;
-    const MoveRecordEntry second = s.moveRecord[2];
-    const MoveRecordEntry third = s.moveRecord[3];
-
-    session.game.cmdBackClick();  // the computer's black stone
-    EXPECT_EQ(s.clickAllowed, flagFalse);
-    session.game.cmdBackClick();  // the user's white stone
-    EXPECT_EQ(s.clickAllowed, flagTrue);
-    EXPECT_EQ(s.stepNum, 1);
-    EXPECT_EQ(s.movesAhead, 2);
-    EXPECT_EQ(s.moveRecord[2], second);
-    EXPECT_EQ(s.moveRecord[3], third);
-    EXPECT_EQ(s.position.board[9][8], empty);
-    EXPECT_TRUE(censusOk(s.position));
-    EXPECT_EQ(tk.captionsOf(Control::stepNumLab), (std::vector<std::string>{"2", "1"}));
-    const auto erased = tk.of(Request::eraseStone);
-    ASSERT_EQ(erased.size(), 2u);
-    EXPECT_EQ(erased[0].point, (Point{third.x, third.y}));
-    EXPECT_EQ(erased[1].point, (Point{9, 8}));
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), true);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdBack), std::nullopt);  // stepNum never reached 0
-    EXPECT_EQ(tk.count(Request::repaint), 0u);
-    EXPECT_FALSE(tk.lastCaption(Control::whoRun));
-
+    EXPECT_EQ(std::tuple(s.moveRecord[2], s.moveRecord[3], s.position.board[1][1]),
+              std::tuple(MoveRecordEntry{white, 9, 8}, MoveRecordEntry{black, 1, 1}, black));
+    EXPECT_EQ(std::tuple(s.stepNum, s.gameResult, s.clickAllowed),
+              std::tuple(3, gameOpen, flagTrue));
+    // The buttons off, the centre stone's ring painted over, the user's stone;
+    // the search, the ringed reply, its 13 candidates, the suggestion; cmdBack on.
+    EXPECT_EQ(tk.transcript(),
+              "enabled cmdBack off\nenabled cmdForw off\nplain 8,8 1\n"
+              "caption stepNumLab 2\nstone 9,8 -1 -1\nrepaint\n"
+              "enabled cmdForw off\ncaption Label1 3\ncaption whoRun Computer A is running\n"
+              "caption winLab not sure\ncaption stepNumLab 3\nstone 1,1 1 -1\nrepaint\n"
+              "frames 13\ncaption checkPos 13\nrepaint\n"
+              "caption Label1 2\nmark 15,3\nenabled cmdBack on\n");
+    std::vector<Point> candidates;  // in scan order
+    for (std::int16_t x = 1; x <= boardSize; ++x)
+        for (std::int16_t y = 1; y <= boardSize; ++y)
+            if (s.position.isCandidate(x, y)) candidates.push_back({x, y});
+    EXPECT_EQ(tk.of(candidateFrames).at(0).points, candidates);
     tk.forget();
-    session.game.cmdForwClick();  // white again: the user's own stone
+
+    // Back over the reply and the user's own stone: the record stays, cmdBack
+    // is left alone above stepNum 0.
+    session.game.cmdBackClick();
     EXPECT_EQ(s.clickAllowed, flagFalse);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), std::nullopt);  // a move still lies ahead
-    session.game.cmdForwClick();  // black: the opponent's, the turn goes to the user
+    session.game.cmdBackClick();
     EXPECT_EQ(s.clickAllowed, flagTrue);
-    EXPECT_EQ(s.stepNum, 3);
-    EXPECT_EQ(s.movesAhead, 0);
-    EXPECT_EQ(s.gameResult, gameOpen);
-    EXPECT_TRUE(testing::sameTables(s.position, three));
-    EXPECT_EQ(s.moveRecord[3], third);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdBack), true);
-    // The computer's stone came back with its ring and was painted plain at once.
-    const std::size_t ringed = tk.findLast(Request::stoneAndRing);
-    ASSERT_LT(ringed + 2, tk.calls.size());
-    EXPECT_EQ(tk.calls[ringed].point, (Point{third.x, third.y}));
-    EXPECT_EQ(tk.calls[ringed].userColour, white);
-    EXPECT_EQ(tk.calls[ringed + 1].request, Request::repaint);
-    EXPECT_EQ(tk.calls[ringed + 2].request, Request::plainStone);
-    EXPECT_EQ(tk.calls[ringed + 2].point, (Point{third.x, third.y}));
-    EXPECT_EQ(tk.calls[ringed + 2].colour, black);
-    EXPECT_EQ(tk.count(Request::plainStone), 2u);
-}
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, s.moveRecord[3]),
+              std::tuple(1, 2, MoveRecordEntry{black, 1, 1}));
+    EXPECT_TRUE(sameTables(s.position, one));
+    EXPECT_EQ(tk.transcript(),
+              "caption stepNumLab 2\nerase 1,1\nenabled cmdForw on\n"
+              "caption stepNumLab 1\nerase 9,8\nenabled cmdForw on\n");
+    tk.forget();
+    // Forward again: each stone shown ringed, then plain; no suggestion.
+    session.game.cmdForwClick();
+    EXPECT_EQ(s.clickAllowed, flagFalse);
+    session.game.cmdForwClick();
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, s.gameResult, s.clickAllowed),
+              std::tuple(3, 0, gameOpen, flagTrue));
+    EXPECT_TRUE(sameTables(s.position, three));
+    EXPECT_EQ(tk.transcript(),
+              "caption stepNumLab 2\nstone 9,8 -1 -1\nrepaint\nplain 9,8 -1\nenabled cmdBack on\n"
+              "caption stepNumLab 3\nstone 1,1 1 -1\nrepaint\nplain 1,1 1\n"
+              "enabled cmdForw off\nenabled cmdBack on\n");
 
-TEST(Replay, AClickAfterSteppingBackGivesUpWhatLayAhead) {
-    ThreeStones session;
-    GameState& s = session.s;
-    auto& tk = session.toolkit;
-    session.game.stepBack();
-    session.game.stepBack();
-    ASSERT_EQ(s.clickAllowed, flagTrue);
-    click(session.game, 7, 7);
-    EXPECT_EQ(s.stepNum, 3);
-    EXPECT_EQ(s.movesAhead, 0);
-    EXPECT_EQ((s.moveRecord[2]), (MoveRecordEntry{white, 7, 7}));
-    EXPECT_EQ(s.moveRecord[3].colour, black);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
-    // Before the stone, the ring of the centre stone is painted over.
-    EXPECT_EQ(tk.of(Request::plainStone).front().point, (Point{8, 8}));
-}
-
-TEST(Replay, EndButtonsRunAtLeastOnceAndStopAtTheRecordEnds) {
-    ThreeStones session;
-    GameState& s = session.s;
-    auto& tk = session.toolkit;
+    // The end buttons run at least once and stop at the ends of the record.
     session.game.backwardEndClick();
-    EXPECT_EQ(s.stepNum, 0);
-    EXPECT_EQ(s.movesAhead, 3);
-    EXPECT_TRUE(testing::sameTables(s.position, Position{}));
-    EXPECT_EQ(tk.count(Request::eraseStone), 3u);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdBack), false);
-    EXPECT_EQ(s.clickAllowed, flagFalse);  // the centre stone was black, the user white
-
-    // At the start there is nothing to take back, but the buttons are set again.
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead), std::tuple(0, 3));
+    EXPECT_TRUE(sameTables(s.position, Position{}));
     tk.forget();
     session.game.backwardEndClick();
-    EXPECT_EQ(s.movesAhead, 3);
-    EXPECT_EQ(tk.count(Request::eraseStone), 0u);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdBack), false);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), true);
-
+    session.game.cmdForwardEndClick();
+    EXPECT_TRUE(tk.transcript().starts_with(
+        "enabled cmdBack off\nenabled cmdForw on\ncaption stepNumLab 1\n"));
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead), std::tuple(3, 0));
+    EXPECT_TRUE(sameTables(s.position, three));
     tk.forget();
     session.game.cmdForwardEndClick();
-    EXPECT_EQ(s.stepNum, 3);
-    EXPECT_EQ(s.movesAhead, 0);
-    EXPECT_TRUE(censusOk(s.position));
-    EXPECT_EQ(tk.count(Request::stoneAndRing), 3u);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
+    EXPECT_EQ(tk.transcript(), "enabled cmdForw off\nenabled cmdBack on\n");
 
-    // At the end with a colour to play, the step only sets the buttons.
+    // Switching the suggestion off only says so: its mark stays on the board.
     tk.forget();
-    session.game.cmdForwardEndClick();
-    EXPECT_EQ(s.stepNum, 3);
-    ASSERT_EQ(tk.calls.size(), 2u);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdBack), true);
-}
-
-TEST(Replay, TurnTableForAUserOnBlack) {
-    Session session;
-    GameState& s = session.s;
-    s.userColour = black;
-    s.computerKind = computerB;
-    s.whiteSide = computerB;
-    s.blackSide = userKind;
-    s.depthB = 1;
-    session.game.newGame();
-    click(session.game, 8, 8);
+    session.game.toggleSuggestion();
+    EXPECT_EQ(std::tuple(s.suggestionOn, tk.transcript()),
+              std::tuple(flagFalse, "caption Command1 no suggestion\n"));
+    // A click after stepping back gives up what lay ahead.
+    session.game.stepBack();
+    session.game.stepBack();
     click(session.game, 7, 7);
-    ASSERT_EQ(s.stepNum, 4);
-
-    session.game.stepBack();  // white
-    EXPECT_EQ(s.clickAllowed, flagFalse);
-    session.game.stepBack();  // black
-    EXPECT_EQ(s.clickAllowed, flagTrue);
-    session.game.stepForward();  // black
-    EXPECT_EQ(s.clickAllowed, flagFalse);
-    session.game.stepForward();  // white
-    EXPECT_EQ(s.clickAllowed, flagTrue);
+    EXPECT_EQ(std::tuple(s.stepNum, s.movesAhead, s.moveRecord[2]),
+              std::tuple(3, 0, MoveRecordEntry{white, 7, 7}));
+    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
 }
 
-TEST(Replay, ResultsOfReplayedStones) {
-    // Black's five, then a step back and forward over it.
-    {
+TEST(Replay, TheTurnGoesToTheUserBackOverTheOwnStoneOrForwardOverTheOpponents) {
+    for (const auto& [user, x, y] : {std::tuple(white, 9, 8), {black, 8, 8}}) {
+        Session session({}, user);
+        session.s.depthA = 1;
+        click(session.game, x, y);  // and the computer's reply
+        void (Game::*const steps[])() = {&Game::stepBack, &Game::stepBack, &Game::stepForward,
+                                         &Game::stepForward};
+        for (int n = 0; n < 4; ++n) {
+            (session.game.*steps[n])();
+            EXPECT_EQ(session.s.clickAllowed, n % 2 ? flagTrue : flagFalse) << user << " " << n;
+        }
+    }
+}
+
+TEST(Replay, AReplayedStoneThatEndsTheGameNamesTheResult) {
+    const std::vector<Point> blackFive{{8, 8}, {1, 1},  {8, 9}, {1, 3}, {8, 10},
+                                       {1, 5}, {8, 11}, {1, 7}, {8, 12}};
+    const std::vector<Point> whiteFive{{8, 8}, {2, 1},   {10, 14}, {2, 2},   {11, 14},
+                                       {2, 3}, {12, 14}, {2, 4},   {13, 14}, {2, 5}};
+    for (const auto& [order, result, caption] :
+         {std::tuple(blackFive, blackWon, " Black Win"),
+          {whiteFive, whiteWon, " White Win"},
+          {fullBoardWithoutFive(), gameDrawn, " No one Win"}}) {
         Session session;
         GameState& s = session.s;
-        auto& tk = session.toolkit;
-        s.twoUsers = flagTrue;
-        layAsTwoUsers(session.game, {{1, 1}, {8, 9}, {1, 3}, {8, 10}, {1, 5}, {8, 11}, {1, 7}});
-        s.twoUsers = flagTrue;
-        session.game.userMove(8, 12);
-        ASSERT_EQ(s.gameResult, blackWon);
-        tk.forget();
+        lay(session.game, order);
         session.game.stepBack();
-        EXPECT_EQ(s.gameResult, blackWon);
-        EXPECT_FALSE(tk.lastCaption(Control::whoRun));
         session.game.stepForward();
-        EXPECT_EQ(s.gameResult, blackWon);
-        EXPECT_EQ(tk.lastCaption(Control::whoRun), " Black Win");
-        EXPECT_EQ(s.clickAllowed, flagFalse);  // a finished game gives no turn
-
-        // Back over more stones and forward again: the game reopens, then ends.
+        EXPECT_EQ(std::tuple(s.gameResult, s.clickAllowed), std::tuple(result, flagFalse));
+        EXPECT_EQ(session.toolkit.captionsOf(Control::whoRun), std::vector<std::string>{caption});
+        // Two back and one forward: open again, the caption kept.
         session.game.stepBack();
         session.game.stepBack();
         session.game.stepForward();
         EXPECT_EQ(s.gameResult, gameOpen);
-        EXPECT_EQ(tk.lastCaption(Control::whoRun), " Black Win");  // kept while open
-    }
-    // White's five.
-    {
-        Session session;
-        GameState& s = session.s;
-        auto& tk = session.toolkit;
-        for (std::int16_t n = 1; n <= 5; ++n) {
-            session.game.Putchess(2, n, white);
-            if (n < 5) session.game.Putchess(static_cast<std::int16_t>(9 + n), 14, black);
-        }
-        session.game.stepBack();
-        tk.forget();
-        session.game.stepForward();
-        EXPECT_EQ(s.gameResult, whiteWon);
-        EXPECT_EQ(tk.lastCaption(Control::whoRun), " White Win");
-    }
-    // A full board without a five.
-    {
-        Session session;
-        GameState& s = session.s;
-        auto& tk = session.toolkit;
-        const auto order = testing::fullBoardWithoutFive();
-        for (std::size_t n = 1; n < order.size(); ++n)
-            session.game.Putchess(order[n].x, order[n].y,
-                                  sideToMove(static_cast<std::int16_t>(n + 1)));
-        session.game.stepBack();
-        tk.forget();
-        session.game.stepForward();
-        EXPECT_EQ(s.stepNum, 225);
-        EXPECT_EQ(s.gameResult, gameDrawn);
-        EXPECT_EQ(tk.lastCaption(Control::whoRun), " No one Win");
+        EXPECT_EQ(session.toolkit.captionsOf(Control::whoRun).size(), 1u);
     }
 }
 
-TEST(Replay, WatchingABoardFileStepsIntoComputerMoves) {
+TEST(Replay, AWatchedBoardFilesRecordsOfNoColourNeverEnterTheModelAndItsEndIsAComputerMove) {
     Session session;
     GameState& s = session.s;
-    auto& tk = session.toolkit;
-    s.userColour = 0;
-    s.depthA = 1;
-    tk.forget();
-    session.game.cmdForwardEndClick();
-    EXPECT_EQ(s.stepNum, 2);
-    EXPECT_EQ(s.moveRecord[2].colour, white);
-    EXPECT_EQ(tk.lastCaption(Control::whoRun), "Computer A is running");
-    EXPECT_EQ(tk.lastEnabled(Control::cmdForw), false);
-    EXPECT_EQ(tk.lastEnabled(Control::cmdBack), true);
-}
-
-TEST(Replay, RecordsOfNoColourAreSteppedOverWithoutTouchingTheModel) {
-    Session session;
-    GameState& s = session.s;
-    auto& tk = session.toolkit;
     const Position centre = s.position;
     s.moveRecord[2] = {0, 4, 4};
     s.moveRecord[3] = {7, 5, 5};
-    s.movesAhead = 2;
+    std::tie(s.movesAhead, s.userColour, s.depthA) = std::tuple(2, empty, 1);
     session.game.cmdForwardEndClick();
-    EXPECT_EQ(s.stepNum, 3);
-    EXPECT_TRUE(testing::sameTables(s.position, centre));
-    EXPECT_EQ(tk.messages().size(), 2u);
-    EXPECT_EQ(tk.count(Request::plainStone), 0u);
-    EXPECT_EQ(s.gameResult, gameOpen);
+    EXPECT_EQ(std::tuple(s.stepNum, s.gameResult), std::tuple(3, gameOpen));
+    EXPECT_TRUE(sameTables(s.position, centre));
+    EXPECT_EQ(session.toolkit.messages(),
+              std::vector<std::string>(2, "error in Putchess! press cancle to endGame!"));
+    EXPECT_EQ(session.toolkit.of(message).at(0).buttons, MessageButtons::okCancel);
+    EXPECT_EQ(session.toolkit.count(plainStone), 0u);
     session.game.backwardEndClick();
-    EXPECT_EQ(s.stepNum, 0);
-    EXPECT_TRUE(testing::sameTables(s.position, Position{}));
+    EXPECT_TRUE(sameTables(s.position, Position{}));
+    // A step past the end, at move 4, is one computer move.
+    session.game.cmdForwardEndClick();
+    session.game.cmdForwardEndClick();
+    EXPECT_EQ(s.moveRecord[4].colour, white);
+    EXPECT_EQ(session.toolkit.lastCaption(Control::whoRun), "Computer A is running");
 }
 
 }  // namespace

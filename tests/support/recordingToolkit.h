@@ -111,6 +111,31 @@ class RecordingToolkit final : public Toolkit {
             if (c.request == request) found.push_back(c);
         return found;
     }
+    // Every request recorded, a line each: "caption whoRun <text>", "enabled cmdBack off",
+    // "clear List2", "grid", "repaint", "message <text>", "stone x,y colour userColour",
+    // "plain x,y colour", "erase x,y", "frames <how many>", "mark x,y".
+    std::string transcript() const {
+        std::string out;
+        for (const Call& c : calls) {
+            const std::string name(controlName(c.control));
+            const std::string at = std::to_string(c.point.x) + "," + std::to_string(c.point.y);
+            const std::string texts[] = {
+                "caption " + name + " " + c.text,
+                "enabled " + name + (c.enabled ? " on" : " off"),
+                "clear " + name,
+                "repaint",
+                "message " + c.text,
+                "grid",
+                "stone " + at + " " + std::to_string(c.colour) + " " + std::to_string(c.userColour),
+                "plain " + at + " " + std::to_string(c.colour),
+                "erase " + at,
+                "frames " + std::to_string(c.points.size()),
+                "mark " + at};
+            static_assert(static_cast<int>(Request::suggestionMark) == 10);  // texts in its order
+            out += texts[static_cast<int>(c.request)] + "\n";
+        }
+        return out;
+    }
     std::size_t count(Request request) const {
         return static_cast<std::size_t>(std::count_if(
             calls.begin(), calls.end(), [&](const Call& c) { return c.request == request; }));

@@ -1,8 +1,13 @@
+// Items completed in any order, on any thread, written in order; and what ends
+// the writing.
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "batch/orderedWriter.h"
@@ -10,81 +15,58 @@
 namespace quintline::batch {
 namespace {
 
+using Seen = std::vector<std::pair<std::size_t, std::size_t>>;
+
 struct Recorder {
-    std::vector<std::pair<std::size_t, int>> seen;
+    Seen seen;
     std::size_t failAt = SIZE_MAX;
-    OrderedWriter<int> writer{[this](std::size_t index, int& item) {
+    OrderedWriter<std::size_t> writer{[this](std::size_t index, std::size_t& item) {
         if (index == failAt) return false;
         seen.emplace_back(index, item);
         return true;
     }};
 };
 
-TEST(OrderedWriter, HoldsItemsBehindAGapAndReleasesThemInOrder) {
+TEST(OrderedWriter, HoldsItemsBehindAGapAndStopsAtACutOrAFailingSink) {
     Recorder r;
     r.writer.complete(2, 20);
     r.writer.complete(1, 10);
-    EXPECT_TRUE(r.seen.empty());
-    EXPECT_EQ(r.writer.waiting(), 2u);
+    EXPECT_EQ(std::tuple(r.seen.size(), r.writer.waiting()), std::tuple(0u, 2u));
     r.writer.complete(0, 0);
-    EXPECT_EQ(r.seen, (std::vector<std::pair<std::size_t, int>>{{0, 0}, {1, 10}, {2, 20}}));
-    EXPECT_EQ(r.writer.handedOn(), 3u);
-    EXPECT_EQ(r.writer.waiting(), 0u);
-    // Completing an item again after it was written changes nothing.
-    r.writer.complete(1, 99);
-    EXPECT_EQ(r.seen.size(), 3u);
-}
+    r.writer.complete(1, 99);  // written already: ignored
+    EXPECT_EQ(r.seen, (Seen{{0, 0}, {1, 10}, {2, 20}}));
+    EXPECT_EQ(std::tuple(r.writer.handedOn(), r.writer.waiting()), std::tuple(3u, 0u));
 
-TEST(OrderedWriter, ACutEndsThePrefixEvenForItemsAlreadyWaiting) {
-    Recorder r;
-    r.writer.complete(0, 0);
-    r.writer.complete(3, 30);
-    r.writer.complete(4, 40);
-    r.writer.cut(2);  // item 2 was abandoned
+    // A cut at 5 drops item 6, already waiting; a later cut cannot widen it again.
+    r.writer.complete(6, 60);
+    r.writer.cut(5);
     EXPECT_EQ(r.writer.waiting(), 0u);
-    r.writer.complete(1, 10);
-    r.writer.complete(2, 20);
-    r.writer.complete(5, 50);
-    EXPECT_EQ(r.seen, (std::vector<std::pair<std::size_t, int>>{{0, 0}, {1, 10}}));
-    EXPECT_EQ(r.writer.handedOn(), 2u);
-    // A later cut cannot widen the prefix again.
-    r.writer.cut(7);
-    r.writer.complete(2, 20);
-    EXPECT_EQ(r.writer.handedOn(), 2u);
-}
+    r.writer.cut(9);
+    for (std::size_t i : {3, 4, 5, 6}) r.writer.complete(i, i * 10);
+    EXPECT_EQ(r.writer.handedOn(), 5u);
 
-TEST(OrderedWriter, AFailingSinkStopsAllWritingAtThatItem) {
-    Recorder r;
-    r.failAt = 1;
-    r.writer.complete(2, 20);
-    r.writer.complete(1, 10);
-    r.writer.complete(0, 0);
-    r.writer.complete(3, 30);
-    EXPECT_EQ(r.seen, (std::vector<std::pair<std::size_t, int>>{{0, 0}}));
-    EXPECT_EQ(r.writer.handedOn(), 1u);
-    EXPECT_EQ(r.writer.waiting(), 0u);
+    // A sink that refuses item 1 ends the writing there.
+    Recorder failing;
+    failing.failAt = 1;
+    for (std::size_t i : {2, 1, 0, 3}) failing.writer.complete(i, i * 10);
+    EXPECT_EQ(failing.seen, (Seen{{0, 0}}));
+    EXPECT_EQ(std::tuple(failing.writer.handedOn(), failing.writer.waiting()), std::tuple(1u, 0u));
 }
 
 TEST(OrderedWriter, ManyThreadsInShuffledOrderStillWriteInOrder) {
-    constexpr std::size_t count = 2000;
-    std::vector<std::size_t> order(count);
-    for (std::size_t i = 0; i < count; ++i) order[i] = i;
+    std::vector<std::size_t> order(2000);
+    std::iota(order.begin(), order.end(), 0);
     std::shuffle(order.begin(), order.end(), std::mt19937(42));
-
     Recorder r;
     std::vector<std::thread> threads;
     for (std::size_t t = 0; t < 4; ++t)
         threads.emplace_back([&, t] {
-            for (std::size_t i = t; i < count; i += 4)
-                r.writer.complete(order[i], static_cast<int>(order[i]) * 3);
+            for (std::size_t i = t; i < order.size(); i += 4)
+                r.writer.complete(order[i], order[i] * 3);
         });
     for (auto& thread : threads) thread.join();
-
-    ASSERT_EQ(r.seen.size(), count);
-    for (std::size_t i = 0; i < count; ++i) {
-        EXPECT_EQ(r.seen[i].first, i);
-        EXPECT_EQ(r.seen[i].second, static_cast<int>(i) * 3);
-    }
+    ASSERT_EQ(r.seen.size(), order.size());
+    for (std::size_t i = 0; i < r.seen.size(); ++i) EXPECT_EQ(r.seen[i], std::pair(i, i * 3));
 }
 
 }  // namespace
