@@ -1,7 +1,10 @@
-#include <cstdio>
+#include <QApplication>
 
-int main() {
-    std::puts(
-        "Quintline: the desktop window is not built yet; run ./scripts/test.sh for the engine.");
-    return 0;
+#include "ui/mainForm.h"
+
+int main(int argc, char* argv[]) {
+    QApplication app(argc, argv);
+    quintline::MainForm window;
+    window.show();
+    return app.exec();
 }

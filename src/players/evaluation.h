@@ -14,35 +14,58 @@ namespace quintline {
 // the stone count at the node and its remaining depth.
 using Evaluator = Score (*)(const Position&, std::int16_t stepNum, std::int16_t depth);
 
-// Base sum over k = firstK..lastK of 5^k * (b(k) - w(k)), then the first row that
-// applies: white five, black five, inner node, a leaf's four of the side to move.
-template <int firstK, int lastK>
-constexpr Score censusScore(const Position& pos, std::int16_t stepNum, std::int16_t depth) {
-    const std::int16_t* b = pos.lineCensus[sideRow(black)];
-    const std::int16_t* w = pos.lineCensus[sideRow(white)];
-    // 64-bit arithmetic, wrapped to 32 bits at the end: only boards with very many
-    // fives could leave the 32-bit range, and those never arise in play.
-    std::int64_t base = 0;
-    std::int64_t weight = 1;
-    for (int k = 1; k <= lastK; ++k) {
-        weight *= 5;
-        if (k >= firstK) base += weight * static_cast<std::int16_t>(b[k] - w[k]);
-    }
+// The rows after the base sum: white five, black five, inner node, a leaf's
+// four of the side to move. b4..w5 are the census entries for fours and fives.
+// 64-bit arithmetic, wrapped to 32 bits at the end: only boards with very many
+// fives could leave the 32-bit range, and those never arise in play.
+constexpr Score finishScore(std::int64_t base, int b4, int w4, int b5, int w5, std::int16_t stepNum,
+                            std::int16_t depth) {
     constexpr std::int64_t fiveBonus = 5000;
     constexpr std::int64_t extraFour = 3125;
     std::int64_t result = base;
-    if (w[5] > 0) {
-        result = base - w[5] * std::int64_t{winScore} - fiveBonus - extraFour * w[4];
-    } else if (b[5] > 0) {
-        result = base + b[5] * std::int64_t{winScore} + fiveBonus + extraFour * b[4];
+    if (w5 > 0) {
+        result = base - w5 * std::int64_t{winScore} - fiveBonus - extraFour * w4;
+    } else if (b5 > 0) {
+        result = base + b5 * std::int64_t{winScore} + fiveBonus + extraFour * b4;
     } else if (depth != 0) {
         result = base;
-    } else if ((stepNum / 2) * 2 == stepNum && b[4] > 0) {
-        result = base + fiveBonus + sureScore + extraFour * b[4];
-    } else if ((stepNum / 2) * 2 != stepNum && w[4] > 0) {
-        result = base - fiveBonus - sureScore - extraFour * w[4];
+    } else if ((stepNum / 2) * 2 == stepNum && b4 > 0) {
+        result = base + fiveBonus + sureScore + extraFour * b4;
+    } else if ((stepNum / 2) * 2 != stepNum && w4 > 0) {
+        result = base - fiveBonus - sureScore - extraFour * w4;
     }
     return static_cast<Score>(result);
+}
+
+// An evaluator whose base sum runs over k = firstK..lastK of 5^k * (b(k) - w(k)).
+template <int firstK, int lastK>
+struct CensusEvaluator {
+    // Weight of a line of k stones in the base sum, 0 outside firstK..lastK.
+    static constexpr std::int32_t weight(int k) {
+        std::int32_t w = 1;
+        for (int i = 0; i < k; ++i) w *= 5;
+        return k >= firstK && k <= lastK ? w : 0;
+    }
+
+    static constexpr std::int64_t baseSum(const Position& pos) {
+        const std::int16_t* b = pos.lineCensus[sideRow(black)];
+        const std::int16_t* w = pos.lineCensus[sideRow(white)];
+        std::int64_t base = 0;
+        for (int k = firstK; k <= lastK; ++k)
+            base += weight(k) * static_cast<std::int16_t>(b[k] - w[k]);
+        return base;
+    }
+
+    static constexpr Score score(const Position& pos, std::int16_t stepNum, std::int16_t depth) {
+        const std::int16_t* b = pos.lineCensus[sideRow(black)];
+        const std::int16_t* w = pos.lineCensus[sideRow(white)];
+        return finishScore(baseSum(pos), b[4], w[4], b[5], w[5], stepNum, depth);
+    }
+};
+
+template <int firstK, int lastK>
+constexpr Score censusScore(const Position& pos, std::int16_t stepNum, std::int16_t depth) {
+    return CensusEvaluator<firstK, lastK>::score(pos, stepNum, depth);
 }
 
 }  // namespace quintline

@@ -7,11 +7,11 @@
 namespace quintline {
 
 Score searchA(SearchState& s, std::int16_t step, std::int16_t depth) {
-    return plainSearch<evalA>(s, step, depth);
+    return plainSearch<EvaluatorA>(s, step, depth);
 }
 
 nodeScores searchAKnowsB(SearchState& s, std::int16_t step, std::int16_t depth) {
-    return opponentModelSearch<evalA, evalB, aKnowsB>(s, step, depth);
+    return opponentModelSearch<EvaluatorA, EvaluatorB, aKnowsB>(s, step, depth);
 }
 
 }  // namespace quintline

@@ -9,8 +9,9 @@
 namespace quintline {
 
 // Base sum over lines of one to four stones.
+using EvaluatorA = CensusEvaluator<1, 4>;
 constexpr Score evalA(const Position& pos, std::int16_t stepNum, std::int16_t depth) {
-    return censusScore<1, 4>(pos, stepNum, depth);
+    return EvaluatorA::score(pos, stepNum, depth);
 }
 
 // Plain fixed-depth search with evalA. Player kind 1, and the suggestion.

@@ -7,11 +7,11 @@
 namespace quintline {
 
 Score searchB(SearchState& s, std::int16_t step, std::int16_t depth) {
-    return plainSearch<evalB>(s, step, depth);
+    return plainSearch<EvaluatorB>(s, step, depth);
 }
 
 nodeScores searchBKnowsA(SearchState& s, std::int16_t step, std::int16_t depth) {
-    return opponentModelSearch<evalB, evalA, bKnowsA>(s, step, depth);
+    return opponentModelSearch<EvaluatorB, EvaluatorA, bKnowsA>(s, step, depth);
 }
 
 }  // namespace quintline

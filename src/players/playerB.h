@@ -9,8 +9,9 @@
 namespace quintline {
 
 // Base sum over lines of two and three stones only.
+using EvaluatorB = CensusEvaluator<2, 3>;
 constexpr Score evalB(const Position& pos, std::int16_t stepNum, std::int16_t depth) {
-    return censusScore<2, 3>(pos, stepNum, depth);
+    return EvaluatorB::score(pos, stepNum, depth);
 }
 
 // Plain fixed-depth search with evalB. Player kind 2.

@@ -20,6 +20,9 @@ struct SearchState {
     std::array<std::int16_t, maxStones + 1> bestY{};
     PlayerKind blackSide = computerA;
     PlayerKind whiteSide = userKind;
+    // Nodes entered by the searches on this state so far, leaves included; for
+    // measurements only.
+    std::uint64_t nodesSearched = 0;
 };
 
 // Result of an opponent-model search node; both scores from black's view.

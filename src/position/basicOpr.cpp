@@ -1,5 +1,7 @@
 #include "position/basicOpr.h"
 
+#include <cstring>
+
 namespace quintline {
 
 namespace {
@@ -15,6 +17,21 @@ void addToNeighbours(Position& pos, int x, int y, int delta) {
     }
 }
 
+// The rows of the line tables that a stone of one side changes.
+struct SideRows {
+    SideRows(Position& pos, Side side)
+        : own(pos.lineStones[sideRow(side)]),
+          other(pos.lineStones[1 - side]),
+          ownCensus(pos.lineCensus[sideRow(side)]),
+          otherCensus(pos.lineCensus[1 - side]),
+          codeStep(side == black ? 8 : 1) {}
+    std::int16_t* own;
+    std::int16_t* other;
+    std::int16_t* ownCensus;
+    std::int16_t* otherCensus;
+    int codeStep;  // a black stone counts 8 in lineCode, a white one 1
+};
+
 }  // namespace
 
 void Position::clear() {
@@ -23,42 +40,40 @@ void Position::clear() {
 
 void placeStone(Position& pos, std::int16_t x, std::int16_t y, Side side) {
     pos.board[x][y] = side;
-    std::int16_t* own = pos.lineStones[sideRow(side)];
-    std::int16_t* other = pos.lineStones[1 - side];
-    std::int16_t* ownCensus = pos.lineCensus[sideRow(side)];
-    std::int16_t* otherCensus = pos.lineCensus[1 - side];
+    pos.occupied[x] = static_cast<std::uint16_t>(pos.occupied[x] | (1u << y));
+    const SideRows rows(pos, side);
     const PointLines& lines = pointLines();
     const int count = lines.count(x, y);
     for (int n = 1; n <= count; ++n) {
         const int id = lines.id(x, y, n);
-        if (other[id] == 0) {
-            if (own[id] > 0) --ownCensus[own[id]];
-            ++ownCensus[own[id] + 1];
-        } else if (own[id] == 0) {
-            --otherCensus[other[id]];
+        if (rows.other[id] == 0) {
+            if (rows.own[id] > 0) --rows.ownCensus[rows.own[id]];
+            ++rows.ownCensus[rows.own[id] + 1];
+        } else if (rows.own[id] == 0) {
+            --rows.otherCensus[rows.other[id]];
         }
-        ++own[id];
+        ++rows.own[id];
+        pos.lineCode[id] = static_cast<std::int16_t>(pos.lineCode[id] + rows.codeStep);
     }
     addToNeighbours(pos, x, y, 1);
 }
 
 void removeStone(Position& pos, std::int16_t x, std::int16_t y, Side side) {
     pos.board[x][y] = empty;
-    std::int16_t* own = pos.lineStones[sideRow(side)];
-    std::int16_t* other = pos.lineStones[1 - side];
-    std::int16_t* ownCensus = pos.lineCensus[sideRow(side)];
-    std::int16_t* otherCensus = pos.lineCensus[1 - side];
+    pos.occupied[x] = static_cast<std::uint16_t>(pos.occupied[x] & ~(1u << y));
+    const SideRows rows(pos, side);
     const PointLines& lines = pointLines();
     const int count = lines.count(x, y);
     for (int n = 1; n <= count; ++n) {
         const int id = lines.id(x, y, n);
-        if (other[id] == 0) {
-            --ownCensus[own[id]];
-            if (own[id] - 1 > 0) ++ownCensus[own[id] - 1];
-        } else if (own[id] == 1) {
-            ++otherCensus[other[id]];
+        if (rows.other[id] == 0) {
+            --rows.ownCensus[rows.own[id]];
+            if (rows.own[id] - 1 > 0) ++rows.ownCensus[rows.own[id] - 1];
+        } else if (rows.own[id] == 1) {
+            ++rows.otherCensus[rows.other[id]];
         }
-        --own[id];
+        --rows.own[id];
+        pos.lineCode[id] = static_cast<std::int16_t>(pos.lineCode[id] - rows.codeStep);
     }
     addToNeighbours(pos, x, y, -1);
 }
@@ -80,11 +95,14 @@ GameCode gameEndTest(const Position& pos, std::int16_t stepNum, std::int16_t x, 
 
 bool censusOk(const Position& pos) {
     Position fresh;
-    for (int x = 1; x <= boardSize; ++x)
-        for (int y = 1; y <= boardSize; ++y) {
+    for (int x = 0; x <= boardSize; ++x)
+        for (int y = 0; y <= boardSize; ++y) {
             const Side s = pos.board[x][y];
             if (s == empty) continue;
             if (s != black && s != white) return false;
+            if (x == 0 || y == 0) return false;  // subscript 0 is never written
+            fresh.board[x][y] = s;
+            fresh.occupied[x] = static_cast<std::uint16_t>(fresh.occupied[x] | (1u << y));
             for (int d = -1; d <= 1; ++d)
                 for (int e = -1; e <= 1; ++e)
                     if (d != 0 || e != 0) ++fresh.nearCount[x + d][y + e];
@@ -96,17 +114,10 @@ bool censusOk(const Position& pos) {
         const int w = fresh.lineStones[0][id];
         if (b > 0 && w == 0) ++fresh.lineCensus[2][b];
         if (w > 0 && b == 0) ++fresh.lineCensus[0][w];
+        fresh.lineCode[id] = static_cast<std::int16_t>(8 * b + w);
     }
-    for (int x = 0; x <= boardSize + 1; ++x)
-        for (int y = 0; y <= boardSize + 1; ++y)
-            if (fresh.nearCount[x][y] != pos.nearCount[x][y]) return false;
-    for (int r = 0; r <= 2; r += 2) {
-        for (int id = 1; id <= lineCount; ++id)
-            if (fresh.lineStones[r][id] != pos.lineStones[r][id]) return false;
-        for (int k = 1; k <= lineLength; ++k)
-            if (fresh.lineCensus[r][k] != pos.lineCensus[r][k]) return false;
-    }
-    return true;
+    // The whole object, unused rows and entries included, must match the recount.
+    return std::memcmp(&fresh, &pos, sizeof(Position)) == 0;
 }
 
 }  // namespace quintline

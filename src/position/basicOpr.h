@@ -3,6 +3,7 @@
 // only operations that change them, and the game-end test.
 
 #include <cstdint>
+#include <type_traits>
 
 #include "position/lineTable.h"
 #include "position/types.h"
@@ -24,6 +25,12 @@ struct Position {
     // lineCensus[row][k]: lines holding exactly k stones of that side and none
     // of the other, k from 1 to 5.
     std::int16_t lineCensus[3][16] = {};
+    // occupied[x] has bit y set when (x, y) holds a stone; columns 0 and 16 stay
+    // 0. Lets the searches find the points beside a stone a column at a time.
+    std::uint16_t occupied[boardSize + 2] = {};
+    // lineCode[id] = 8 * black stones + white stones on line id: both counts of
+    // a line in one read, for scoring a leaf without placing its stone.
+    std::int16_t lineCode[lineCount + 1] = {};
 
     bool isCandidate(int x, int y) const { return nearCount[x][y] >= 1 && board[x][y] == empty; }
     std::int16_t census(Side side, int k) const { return lineCensus[sideRow(side)][k]; }
@@ -31,6 +38,9 @@ struct Position {
     // Clears the board, neighbour counts, line counts and census, as a new game does.
     void clear();
 };
+
+// Tables are compared byte for byte (censusOk, tests): no padding inside.
+static_assert(std::has_unique_object_representations_v<Position>);
 
 // Puts a stone of `side` on the empty point (x, y) and updates every count.
 void placeStone(Position& pos, std::int16_t x, std::int16_t y, Side side);
@@ -65,7 +75,8 @@ constexpr Side sideToMove(std::int16_t n) {
     return (n / 2) * 2 == n ? white : black;
 }
 
-// Recomputes every count from the board and compares; for debug assertions and tests.
+// Recomputes every count and the occupied columns from the board and compares,
+// including the entries nothing may touch; for debug assertions and tests.
 bool censusOk(const Position& pos);
 
 }  // namespace quintline

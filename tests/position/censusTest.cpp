@@ -53,12 +53,17 @@ TEST(Census, LineMovesBetweenEntriesAndLeavesWhenOpposed) {
 
     // The recount notices a corrupted table, so the random test below can trust it.
     ASSERT_TRUE(censusOk(pos));
-    for (std::int16_t* entry : {&pos.lineStones[2][40], &pos.lineCensus[0][1],
-                                &pos.nearCount[16][16], &pos.board[1][1]}) {
-        ++*entry;
+    auto corrupt = [&pos](auto& entry) {
+        ++entry;
         EXPECT_FALSE(censusOk(pos));
-        --*entry;
-    }
+        --entry;
+    };
+    corrupt(pos.lineStones[2][40]);
+    corrupt(pos.lineCensus[0][1]);
+    corrupt(pos.nearCount[16][16]);
+    corrupt(pos.board[1][1]);
+    corrupt(pos.occupied[3]);
+    corrupt(pos.lineCode[40]);
 }
 
 TEST(Census, RandomPlacesAndRemovesMatchARecount) {

@@ -40,19 +40,23 @@ struct Sample {
     std::string label;
 };
 
-// Openings of 1 to 16 stones, each beside an earlier one, inside the 9x9 centre.
-std::vector<Sample> randomOpenings(int count, std::uint32_t seed) {
+// Openings of 1 to `maxStones` stones, each beside an earlier one, inside the
+// centre square of side `box`.
+std::vector<Sample> randomOpenings(int count, std::uint32_t seed, int maxStones = 16, int box = 9) {
     std::mt19937 rng(seed);
     std::vector<Sample> samples;
     for (int i = 0; i < count; ++i) {
         Sample sample;
         SearchState& s = sample.state;
-        const int stones = 1 + static_cast<int>(rng() % 16);
+        const int stones = 1 + static_cast<int>(rng() % static_cast<unsigned>(maxStones));
+        const int low = 8 - box / 2;
         for (int n = 0; n < stones; ++n) {
             std::int16_t x, y;
             do {
-                x = static_cast<std::int16_t>(4 + rng() % 9);
-                y = static_cast<std::int16_t>(4 + rng() % 9);
+                x = static_cast<std::int16_t>(low +
+                                              static_cast<int>(rng() % static_cast<unsigned>(box)));
+                y = static_cast<std::int16_t>(low +
+                                              static_cast<int>(rng() % static_cast<unsigned>(box)));
             } while (s.position.board[x][y] != empty || (n > 0 && s.position.nearCount[x][y] == 0));
             placeStone(s.position, x, y, n % 2 == 0 ? black : white);
         }
@@ -151,6 +155,12 @@ void compareAll(PlayerKind kind, std::uint32_t seed) {
             compareKind(sample, kind, 3);
             if (::testing::Test::HasFatalFailure()) return;
         }
+    // Compact clusters keep the literal depth-4 trees small and often hold
+    // threes and fours, where the last line of play can end early.
+    for (const Sample& sample : randomOpenings(scaled(40), seed + 4, 12, 5)) {
+        compareKind(sample, kind, 4);
+        if (::testing::Test::HasFatalFailure()) return;
+    }
 }
 
 TEST(SearchDifferential, ComputerA) {
@@ -166,6 +176,46 @@ TEST(SearchDifferential, BKnowsA) {
     compareAll(bKnowsA, 4000);
 }
 
+// A five of one colour outweighed, for evalA, by a block of fours of the other:
+// one evaluator sees a finished game and the other does not, so the searches
+// go on past a five.
+std::vector<Sample> outweighedFives(int count, std::uint32_t seed) {
+    std::mt19937 rng(seed);
+    std::vector<Sample> samples;
+    for (int i = 0; i < count; ++i) {
+        Sample sample;
+        SearchState& s = sample.state;
+        const Side fiveSide = i % 2 == 0 ? black : white;
+        const auto row = static_cast<std::int16_t>(1 + rng() % 2);
+        const auto from = static_cast<std::int16_t>(1 + rng() % 4);
+        for (std::int16_t k = 0; k < 5; ++k)
+            placeStone(s.position, static_cast<std::int16_t>(from + k), row, fiveSide);
+        const auto bx = static_cast<std::int16_t>(4 + rng() % 6);
+        const auto by = static_cast<std::int16_t>(6 + rng() % 5);
+        for (std::int16_t dx = 0; dx < 4; ++dx)
+            for (std::int16_t dy = 0; dy < 4; ++dy)
+                placeStone(s.position, static_cast<std::int16_t>(bx + dx),
+                           static_cast<std::int16_t>(by + dy), static_cast<Side>(-fiveSide));
+        s.stepNum = static_cast<std::int16_t>(21 + i % 2);  // both colours to move
+        sample.label = "outweighed five " + std::to_string(i);
+        samples.push_back(sample);
+    }
+    return samples;
+}
+
+TEST(SearchDifferential, OutweighedFives) {
+    const std::vector<Sample> samples = outweighedFives(scaled(16), 66);
+    for (const Sample& sample : samples) {
+        const Position& p = sample.state.position;
+        ASSERT_LT(std::abs(evalA(p, sample.state.stepNum, 1)), winScore) << sample.label;
+        for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind)
+            for (std::int16_t depth = 1; depth <= 3; ++depth) {
+                compareKind(sample, kind, depth);
+                if (HasFatalFailure()) return;
+            }
+    }
+}
+
 // Depth 0, leaves at the root and the empty board, where nothing is searched.
 TEST(SearchDifferential, RootsThatAreNotExpanded) {
     std::vector<Sample> samples = gamePositions(20, 77);
@@ -176,6 +226,32 @@ TEST(SearchDifferential, RootsThatAreNotExpanded) {
             if (sample.state.stepNum == 0) compareKind(sample, kind, 2);
             if (HasFatalFailure()) return;
         }
+}
+
+// Player kinds callers never set up (the knowing kind on both colours, on
+// neither, or waiting at the root) still give the node-by-node results.
+TEST(SearchDifferential, KindsOutsideTheCallersPromise) {
+    const SearchSet production;
+    const SearchSet reference = reference::literalSearchSet();
+    const PlayerKind seats[][2] = {{aKnowsB, aKnowsB},     {bKnowsA, bKnowsA},
+                                   {computerA, computerB}, {userKind, userKind},
+                                   {computerB, aKnowsB},   {bKnowsA, computerA}};
+    for (const Sample& sample : randomOpenings(30, 55, 8))
+        for (const auto& seat : seats)
+            for (std::int16_t depth = 1; depth <= 2; ++depth) {
+                SearchState fast = sample.state;
+                fast.blackSide = seat[0];
+                fast.whiteSide = seat[1];
+                SearchState literal = fast;
+                const std::int16_t step = fast.stepNum;
+                ASSERT_EQ(production.searchAKnowsB(fast, step, depth),
+                          reference.searchAKnowsB(literal, step, depth));
+                ASSERT_EQ(production.searchBKnowsA(fast, step, depth),
+                          reference.searchBKnowsA(literal, step, depth));
+                ASSERT_EQ(fast.bestX[step], literal.bestX[step]);
+                ASSERT_EQ(fast.bestY[step], literal.bestY[step]);
+                ASSERT_EQ(fast.stepNum, literal.stepNum);
+            }
 }
 
 }  // namespace
