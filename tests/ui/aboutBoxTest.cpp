@@ -39,6 +39,7 @@ TEST(AboutBox, ShowsItsDesignAndClosesOnEnterEscapeOrOk) {
         auto* sysInfo = box.findChild<QPushButton*>("cmdSysInfo");
         ASSERT_NE(sysInfo, nullptr);
         EXPECT_EQ(ok->text(), "OK");
+        EXPECT_TRUE(ok->isDefault());  // Enter reaches it wherever the focus is
         EXPECT_EQ(sysInfo->text(), "&System Info...");
         QTimer::singleShot(0, &box, [&] {
             EXPECT_TRUE(box.isVisible() && ok->isVisible());
