@@ -2,16 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 
+#include "support/controlTable.h"
+
 namespace quintline {
 namespace {
+
+using testing::expectControls;
 
 QStringList items(const QComboBox* combo) {
     QStringList list;
@@ -19,110 +19,72 @@ QStringList items(const QComboBox* combo) {
     return list;
 }
 
-TEST(SettingsDialog, OpensWithTheDesignedControls) {
+TEST(SettingsDialog, OpensWithTheDesignedControlsAndValues) {
     SettingsDialog dialog(TwipScale(96));
     EXPECT_EQ(dialog.objectName(), "settingsDialog");
     EXPECT_EQ(dialog.windowTitle(), "Dialog Caption");
-    EXPECT_EQ(dialog.size(), QSize(411, 339));
-    EXPECT_EQ(dialog.minimumSize(), dialog.maximumSize());
-    EXPECT_EQ(dialog.pos(), QPoint(184, 250));
+    EXPECT_EQ(dialog.geometry(), QRect(184, 250, 411, 339));
+    expectControls(dialog,
+                   {{"Frame1", "Two Players", QRect(24, 16, 369, 97)},
+                    {"Frame2", "Situation for computer vs computer", QRect(24, 128, 369, 121)},
+                    {"Combo1", "Computer A", QRect(112, 24, 137, 21)},
+                    {"Combo2", "User", QRect(112, 56, 137, 21)},
+                    {"Combo3(0)", "3", QRect(272, 24, 41, 21)},
+                    {"Combo3(1)", "3", QRect(296, 72, 41, 21)},
+                    {"Option1", "know nothing about the other player", QRect(16, 24, 209, 17)},
+                    {"Option2", "A knows B", QRect(16, 48, 185, 25)},
+                    {"Option3", "B knows A", QRect(16, 72, 145, 33)},
+                    {"Label1", "Black (move first)", QRect(16, 24, 121, 25)},
+                    {"Label2", "White ", QRect(16, 56, 89, 33)},
+                    {"Label3", "steps", QRect(280, 8, 33, 25)},
+                    {"OKButton", "OK", QRect(312, 264, 81, 25)},
+                    {"CancelButton", "Cancel", QRect(312, 296, 81, 25)}});
+    EXPECT_EQ(items(dialog.findChild<QComboBox*>("Combo1")),
+              (QStringList{"User", "Computer A", "Computer B"}));
+    EXPECT_EQ(items(dialog.findChild<QComboBox*>("Combo2")),
+              (QStringList{"Computer A", "Computer B", "User"}));
+    EXPECT_EQ(items(dialog.findChild<QComboBox*>("Combo3(1)")), (QStringList{"3", "2"}));
 
-    auto* frame1 = dialog.findChild<QGroupBox*>("Frame1");
-    auto* frame2 = dialog.findChild<QGroupBox*>("Frame2");
-    ASSERT_TRUE(frame1 && frame2);
-    EXPECT_EQ(frame1->title(), "Two Players");
-    EXPECT_EQ(frame2->title(), "Situation for computer vs computer");
-
-    const struct {
-        const char* name;
-        QWidget* parent;
-        const char* text;
-        QStringList items;
-        QRect geometry;
-    } combos[] = {
-        {"Combo3(1)", &dialog, "3", {"3", "2"}, QRect(296, 72, 41, 21)},
-        {"Combo3(0)", frame1, "3", {"3", "2"}, QRect(272, 24, 41, 21)},
-        {"Combo2", frame1, "User", {"Computer A", "Computer B", "User"}, QRect(112, 56, 137, 21)},
-        {"Combo1",
-         frame1,
-         "Computer A",
-         {"User", "Computer A", "Computer B"},
-         QRect(112, 24, 137, 21)},
-    };
-    for (const auto& row : combos) {
-        auto* combo = dialog.findChild<QComboBox*>(row.name);
-        ASSERT_NE(combo, nullptr) << row.name;
-        EXPECT_EQ(combo->parentWidget(), row.parent) << row.name;
-        EXPECT_TRUE(combo->isEditable()) << row.name;
-        EXPECT_EQ(combo->currentText(), row.text) << row.name;
-        EXPECT_EQ(items(combo), row.items) << row.name;
-        EXPECT_EQ(combo->geometry(), row.geometry) << row.name;
-    }
-
-    const struct {
-        const char* name;
-        const char* caption;
-        bool checked;
-    } options[] = {{"Option1", "know nothing about the other player", true},
-                   {"Option2", "A knows B", false},
-                   {"Option3", "B knows A", false}};
-    for (const auto& row : options) {
-        auto* option = frame2->findChild<QRadioButton*>(row.name);
-        ASSERT_NE(option, nullptr) << row.name;
-        EXPECT_EQ(option->text(), row.caption);
-        EXPECT_EQ(option->isChecked(), row.checked) << row.name;
-    }
-    EXPECT_EQ(frame1->findChild<QLabel*>("Label1")->text(), "Black (move first)");
-    EXPECT_EQ(frame1->findChild<QLabel*>("Label2")->text(), "White ");
-    EXPECT_EQ(frame1->findChild<QLabel*>("Label3")->text(), "steps");
-    EXPECT_EQ(dialog.findChild<QPushButton*>("OKButton")->geometry(), QRect(312, 264, 81, 25));
-    EXPECT_EQ(dialog.findChild<QPushButton*>("CancelButton")->geometry(), QRect(312, 296, 81, 25));
-
-    // The white row's depth box lies over the frame and is the one a click reaches.
+    // The white row's depth box belongs to the dialog, lifted over the frame so
+    // that a click reaches it.
     dialog.show();
-    QWidget* hit = dialog.childAt(dialog.findChild<QComboBox*>("Combo3(1)")->geometry().center());
-    ASSERT_NE(hit, nullptr);
-    EXPECT_TRUE(hit->objectName() == "Combo3(1)" ||
-                hit->parentWidget()->objectName() == "Combo3(1)");
+    auto* depth1 = dialog.findChild<QComboBox*>("Combo3(1)");
+    QWidget* hit = dialog.childAt(depth1->geometry().center());
+    EXPECT_TRUE(hit == depth1 || hit->parentWidget() == depth1);
 
-    SettingsValues design;
-    EXPECT_EQ(dialog.values().blackRow, design.blackRow);
-    EXPECT_EQ(dialog.values().whiteRow, design.whiteRow);
-    EXPECT_EQ(dialog.values().depthBox, design.depthBox);
-    EXPECT_EQ(dialog.values().situation, Situation::knowNothing);
-    EXPECT_EQ(designDepthBoxText(0), "3");
+    const SettingsValues v = dialog.values();
+    EXPECT_EQ(v.blackRow, "Computer A");
+    EXPECT_EQ(v.whiteRow, "User");
+    EXPECT_EQ(v.depthBox, (std::array<std::string, 2>{"3", "3"}));
+    EXPECT_EQ(v.situation, Situation::knowNothing);
     EXPECT_EQ(designDepthBoxText(1), "3");
 }
 
 TEST(SettingsDialog, MovesValuesBetweenControlsAndFields) {
     SettingsDialog dialog(TwipScale(96));
-    SettingsValues in;
-    in.blackRow = "Computer B";
-    in.whiteRow = "somebody";  // a typed text need not be an item
-    in.depthBox = {"2", " 4.5"};
-    in.situation = Situation::bKnowsA;
-    dialog.setValues(in);
-    EXPECT_EQ(dialog.findChild<QComboBox*>("Combo1")->currentIndex(), 2);
-    EXPECT_TRUE(dialog.findChild<QRadioButton*>("Option3")->isChecked());
-    EXPECT_FALSE(dialog.findChild<QRadioButton*>("Option1")->isChecked());
-    const SettingsValues out = dialog.values();
-    EXPECT_EQ(out.blackRow, in.blackRow);
-    EXPECT_EQ(out.whiteRow, in.whiteRow);
-    EXPECT_EQ(out.depthBox, in.depthBox);
-    EXPECT_EQ(out.situation, in.situation);
+    for (const Situation situation : {Situation::bKnowsA, Situation::aKnowsB}) {
+        const SettingsValues in{"Computer B", "somebody", {"2", " 4.5"}, situation};
+        dialog.setValues(in);
+        const SettingsValues out = dialog.values();
+        EXPECT_EQ(dialog.findChild<QComboBox*>("Combo1")->currentIndex(), 2);
+        EXPECT_EQ(out.blackRow, in.blackRow);
+        EXPECT_EQ(out.whiteRow, in.whiteRow);  // a typed text need not be an item
+        EXPECT_EQ(out.depthBox, in.depthBox);
+        EXPECT_EQ(out.situation, in.situation);
+    }
 
-    // What the user types or picks is what the values carry.
+    // What the user types, picks or clicks is what the values carry.
     dialog.show();
     auto* depth = dialog.findChild<QComboBox*>("Combo3(0)");
     depth->lineEdit()->clear();
     QTest::keyClicks(depth->lineEdit(), "7");
     dialog.findChild<QComboBox*>("Combo2")->setCurrentIndex(0);
-    auto* option2 = dialog.findChild<QRadioButton*>("Option2");
-    QTest::mouseClick(option2, Qt::LeftButton, {}, QPoint(5, option2->height() / 2));
+    auto* option3 = dialog.findChild<QRadioButton*>("Option3");
+    QTest::mouseClick(option3, Qt::LeftButton, {}, QPoint(5, option3->height() / 2));
     EXPECT_EQ(dialog.values().depthBox[0], "7");
     EXPECT_EQ(dialog.values().whiteRow, "Computer A");
-    EXPECT_EQ(dialog.values().situation, Situation::aKnowsB);
-    EXPECT_FALSE(dialog.findChild<QRadioButton*>("Option3")->isChecked());
+    EXPECT_EQ(dialog.values().situation, Situation::bKnowsA);
+    EXPECT_FALSE(dialog.findChild<QRadioButton*>("Option2")->isChecked());
 
     // OK hands over to its handler, Cancel just closes.
     int okClicks = 0;
