@@ -164,6 +164,13 @@ TEST(Replay, AWatchedBoardFilesRecordsOfNoColourNeverEnterTheModelAndItsEndIsACo
     session.game.cmdForwardEndClick();
     EXPECT_EQ(s.moveRecord[4].colour, white);
     EXPECT_EQ(session.toolkit.lastCaption(Control::whoRun), "Computer A is running");
+
+    // Such a record as the 225th stone still fills the board.
+    Session full;
+    lay(full.game, fullBoardWithoutFive(), 224);
+    std::tie(full.s.moveRecord[225], full.s.movesAhead) = std::tuple(MoveRecordEntry{0, 1, 1}, 1);
+    full.game.stepForward();
+    EXPECT_EQ(full.s.gameResult, gameDrawn);
 }
 
 }  // namespace
