@@ -101,8 +101,8 @@ TEST_F(MainFormTest, OpensWithTheDesignedControlsAndTheOpeningStone) {
 
     QStringList bar;
     for (QAction* a : form.menuBar()->actions()) bar << a->objectName() + "=" + a->text();
-    EXPECT_EQ(bar, (QStringList{"new=&New", "save=&Save", "read=&Read", "=&Testsuit", "sr=Se&ttings",
-                                "about=&About", "quit=&Quit"}));
+    EXPECT_EQ(bar, (QStringList{"new=&New", "save=&Save", "read=&Read", "=&Testsuit",
+                                "sr=Se&ttings", "about=&About", "quit=&Quit"}));
 
     // The opening stone is on the board and on the picture, with its white ring.
     EXPECT_EQ(s.position.board[8][8], black);
