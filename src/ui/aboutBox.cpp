@@ -76,15 +76,12 @@ AboutBox::AboutBox(const TwipScale& scale, SysInfoPlatform sysInfo, QWidget* par
     icon->setPixmap(boardIcon());
     place(icon, scale, 240, 240, 540, 540);
 
-    auto* ok = new QPushButton("OK", this);
-    ok->setObjectName("cmdOK");
-    place(ok, scale, 4245, 2445, 1260, 345);
+    auto* ok = placeNamed(new QPushButton("OK", this), "cmdOK", scale, 4245, 2445, 1260, 345);
     // Default for Enter; Escape closes the dialog through reject() as well.
     ok->setDefault(true);
 
-    auto* sysInfoButton = new QPushButton("&System Info...", this);
-    sysInfoButton->setObjectName("cmdSysInfo");
-    place(sysInfoButton, scale, 4260, 2895, 1245, 345);
+    auto* sysInfoButton = placeNamed(new QPushButton("&System Info...", this), "cmdSysInfo", scale,
+                                     4260, 2895, 1245, 345);
     sysInfoButton->setAutoDefault(false);
     sysInfoButton->hide();
 

@@ -49,49 +49,37 @@ SettingsDialog::SettingsDialog(const TwipScale& scale, QWidget* parent) : QDialo
     depthBox_[1] = makeCombo(this, "Combo3(1)", depths, "3");
     place(depthBox_[1], scale, 4440, 1080, 615, 315);
 
-    auto* frame2 = new QGroupBox("Situation for computer vs computer", this);
-    frame2->setObjectName("Frame2");
-    place(frame2, scale, 360, 1920, 5535, 1815);
-    bKnowsA_ = new QRadioButton("B knows A", frame2);
-    bKnowsA_->setObjectName("Option3");
-    place(bKnowsA_, scale, 240, 1080, 2175, 495);
-    aKnowsB_ = new QRadioButton("A knows B", frame2);
-    aKnowsB_->setObjectName("Option2");
-    place(aKnowsB_, scale, 240, 720, 2775, 375);
-    knowNothing_ = new QRadioButton("know nothing about the other player", frame2);
-    knowNothing_->setObjectName("Option1");
-    place(knowNothing_, scale, 240, 360, 3135, 255);
+    auto* frame2 = placeNamed(new QGroupBox("Situation for computer vs computer", this), "Frame2",
+                              scale, 360, 1920, 5535, 1815);
+    bKnowsA_ =
+        placeNamed(new QRadioButton("B knows A", frame2), "Option3", scale, 240, 1080, 2175, 495);
+    aKnowsB_ =
+        placeNamed(new QRadioButton("A knows B", frame2), "Option2", scale, 240, 720, 2775, 375);
+    knowNothing_ = placeNamed(new QRadioButton("know nothing about the other player", frame2),
+                              "Option1", scale, 240, 360, 3135, 255);
     knowNothing_->setChecked(true);
 
-    auto* frame1 = new QGroupBox("Two Players", this);
-    frame1->setObjectName("Frame1");
-    place(frame1, scale, 360, 240, 5535, 1455);
+    auto* frame1 =
+        placeNamed(new QGroupBox("Two Players", this), "Frame1", scale, 360, 240, 5535, 1455);
     depthBox_[0] = makeCombo(frame1, "Combo3(0)", depths, "3");
     place(depthBox_[0], scale, 4080, 360, 615, 315);
     whiteRow_ = makeCombo(frame1, "Combo2", {"Computer A", "Computer B", "User"}, "User");
     place(whiteRow_, scale, 1680, 840, 2055, 315);
     blackRow_ = makeCombo(frame1, "Combo1", {"User", "Computer A", "Computer B"}, "Computer A");
     place(blackRow_, scale, 1680, 360, 2055, 315);
-    auto* steps = new QLabel("steps", frame1);
-    steps->setObjectName("Label3");
-    place(steps, scale, 4200, 120, 495, 375);
-    auto* whiteLabel = new QLabel("White ", frame1);
-    whiteLabel->setObjectName("Label2");
-    place(whiteLabel, scale, 240, 840, 1335, 495);
-    auto* blackLabel = new QLabel("Black (move first)", frame1);
-    blackLabel->setObjectName("Label1");
-    place(blackLabel, scale, 240, 360, 1815, 375);
+    auto* steps = placeNamed(new QLabel("steps", frame1), "Label3", scale, 4200, 120, 495, 375);
+    auto* whiteLabel =
+        placeNamed(new QLabel("White ", frame1), "Label2", scale, 240, 840, 1335, 495);
+    auto* blackLabel =
+        placeNamed(new QLabel("Black (move first)", frame1), "Label1", scale, 240, 360, 1815, 375);
     for (QLabel* label : {steps, whiteLabel, blackLabel}) {
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     }
 
-    auto* cancel = new QPushButton("Cancel", this);
-    cancel->setObjectName("CancelButton");
-    place(cancel, scale, 4680, 4440, 1215, 375);
-    auto* ok = new QPushButton("OK", this);
-    ok->setObjectName("OKButton");
-    place(ok, scale, 4680, 3960, 1215, 375);
+    auto* cancel =
+        placeNamed(new QPushButton("Cancel", this), "CancelButton", scale, 4680, 4440, 1215, 375);
+    auto* ok = placeNamed(new QPushButton("OK", this), "OKButton", scale, 4680, 3960, 1215, 375);
     for (QPushButton* button : {ok, cancel}) button->setAutoDefault(false);
 
     // The white row's depth box is no child of the frame it sits over, so it has

@@ -27,4 +27,13 @@ class TwipScale {
 void place(QWidget* widget, const TwipScale& scale, double left, double top, double width,
            double height);
 
+// Gives a control its design name and places it; returns the control.
+template <class Widget>
+Widget* placeNamed(Widget* widget, const char* name, const TwipScale& scale, double left,
+                   double top, double width, double height) {
+    widget->setObjectName(name);
+    place(widget, scale, left, top, width, height);
+    return widget;
+}
+
 }  // namespace quintline
