@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake make ninja-build pkg-config
-  qt6-base-dev qt6-base-dev-tools libgl-dev
+  qt6-base-dev qt6-base-dev-tools libgl-dev libxcb1-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth x11-apps imagemagick
   clang-format clang clang-tidy libclang-rt-14-dev ccache

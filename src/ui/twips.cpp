@@ -16,6 +16,14 @@ int TwipScale::pixels(double twips) const {
     return static_cast<int>(std::lround(toPixels(twips)));
 }
 
+QFont TwipScale::font() const {
+    constexpr double fontTwips = 8 * 20;  // 20 twips to the point
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(pixels(fontTwips));
+    return font;
+}
+
 QRect TwipScale::rect(double left, double top, double width, double height) const {
     return QRect(pixels(left), pixels(top), pixels(width), pixels(height));
 }
