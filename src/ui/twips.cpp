@@ -17,7 +17,7 @@ int TwipScale::pixels(double twips) const {
 }
 
 QFont TwipScale::font() const {
-    constexpr double fontTwips = 8 * 20;  // 20 twips to the point
+    constexpr double fontTwips = 150;  // 7.5 points of 20 twips
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(pixels(fontTwips));
