@@ -18,7 +18,9 @@ int TwipScale::pixels(double twips) const {
 
 QFont TwipScale::font() const {
     constexpr double fontTwips = 150;  // 7.5 points of 20 twips
-    QFont font(QStringLiteral("DejaVu Sans"));
+    // Condensed: the design's captions were set in a narrow face and leave little room.
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(pixels(fontTwips));
     return font;

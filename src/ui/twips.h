@@ -19,7 +19,7 @@ class TwipScale {
     double toTwips(double pixels) const { return pixels / pixelsPerTwip_; }
     int pixels(double twips) const;  // rounded to the nearest pixel
     QRect rect(double left, double top, double width, double height) const;
-    // The font of every window: a plain sans-serif of 7.5 points, as
+    // The font of every window: a condensed sans-serif of 7.5 points, as
     // many pixels high as this scale makes of them, so that captions keep their
     // place in the controls at any DPI.
     QFont font() const;
