@@ -50,13 +50,13 @@ std::pair<QRect, int> textArea(const QWidget* w) {
 
 // The texts a control shows of itself: its caption, or every item of a combo box.
 QStringList ownTexts(const QWidget* w) {
-    QStringList texts;
-    if (auto* label = qobject_cast<const QLabel*>(w)) texts << label->text();
-    if (auto* button = qobject_cast<const QAbstractButton*>(w)) texts << button->text();
-    if (auto* group = qobject_cast<const QGroupBox*>(w)) texts << group->title();
+    if (auto* label = qobject_cast<const QLabel*>(w)) return {label->text()};
+    if (auto* button = qobject_cast<const QAbstractButton*>(w)) return {button->text()};
+    if (auto* group = qobject_cast<const QGroupBox*>(w)) return {group->title()};
+    QStringList items;
     if (auto* combo = qobject_cast<const QComboBox*>(w))
-        for (int i = 0; i < combo->count(); ++i) texts << combo->itemText(i);
-    return texts;
+        for (int i = 0; i < combo->count(); ++i) items << combo->itemText(i);
+    return items;
 }
 
 // Where `text` lands in `w`'s parent, and the area it has there.
@@ -107,14 +107,12 @@ TEST(CaptionFit, EveryTextFitsItsControlAndStaysClearOfTheOthers) {
     MainForm form;
     const TwipScale scale = TwipScale::ofScreen();
     MemoryRegistry registry;
-    const SysInfoPlatform platform{registry, {}, {}, {}};
     std::string path;
     SettingsDialog settings(scale);
-    AboutBox about(scale, platform);
+    AboutBox about(scale, {registry, {}, {}, {}});
     BoardFileDialog save(BoardFileDialogKind::save, scale, path);
     BoardFileDialog open(BoardFileDialogKind::open, scale, path);
     std::size_t tableRowsMet = 0;
-    int textsChecked = 0;
     for (const QWidget* window :
          std::initializer_list<const QWidget*>{&form, &settings, &about, &save, &open}) {
         for (const QWidget* w : window->findChildren<const QWidget*>()) {
@@ -133,12 +131,10 @@ TEST(CaptionFit, EveryTextFitsItsControlAndStaysClearOfTheOthers) {
                     << qPrintable(where) << " \"" << qPrintable(text) << "\" needs " << box.width()
                     << "x" << box.height() << " of " << area.width() << "x" << area.height()
                     << (hit ? " and runs into " + hit->objectName().toStdString() : "");
-                ++textsChecked;
             }
         }
     }
     EXPECT_EQ(tableRowsMet, shownLater.size());
-    EXPECT_GT(textsChecked, 100);
 }
 
 }  // namespace
