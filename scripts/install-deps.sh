@@ -12,7 +12,7 @@ packages=(
   libcli11-dev nlohmann-json3-dev libboost-math-dev
   libopenmpi-dev openmpi-bin
   tesseract-ocr tesseract-ocr-eng openbox x11-utils
-  desktop-file-utils appstream dpkg-dev fakeroot file fonts-dejavu-extra librsvg2-bin
+  desktop-file-utils appstream dpkg-dev fakeroot file fonts-dejavu-extra librsvg2-bin man-db
 )
 
 missing=()
