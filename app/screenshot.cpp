@@ -53,8 +53,8 @@ bool savePicture(const QString& path, QWidget& top) {
     QPixmap picture;
     if (onRealScreen()) {
         const QRect area = top.frameGeometry();
-        picture = QGuiApplication::primaryScreen()->grabWindow(0, area.x(), area.y(),
-                                                               area.width(), area.height());
+        picture = QGuiApplication::primaryScreen()->grabWindow(0, area.x(), area.y(), area.width(),
+                                                               area.height());
     } else {
         picture = top.grab();
     }
