@@ -1,43 +1,73 @@
 #pragma once
-// Checks a window's controls against a table of design rows: found by name,
-// showing their caption, placed where the design puts them.
-
-#include <gtest/gtest.h>
+// A window's controls as a table of text, one line a control, to compare with
+// a reviewed golden file: name, class, caption, geometry in twips, enabled,
+// visible, and the named object it sits in. Fonts play no part in any line.
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <initializer_list>
+#include <QMainWindow>
+#include <QMenu>
+#include <cmath>
+
+#include "ui/twips.h"
 
 namespace quintline::testing {
 
 // The text a control shows, whatever its kind.
-inline QString captionOf(const QWidget* w) {
-    if (auto* label = qobject_cast<const QLabel*>(w)) return label->text();
-    if (auto* button = qobject_cast<const QAbstractButton*>(w)) return button->text();
-    if (auto* combo = qobject_cast<const QComboBox*>(w)) return combo->currentText();
-    if (auto* group = qobject_cast<const QGroupBox*>(w)) return group->title();
-    if (auto* edit = qobject_cast<const QLineEdit*>(w)) return edit->text();
-    return w->windowTitle();
+inline QString captionOf(const QObject* o) {
+    if (auto* label = qobject_cast<const QLabel*>(o)) return label->text();
+    if (auto* button = qobject_cast<const QAbstractButton*>(o)) return button->text();
+    if (auto* combo = qobject_cast<const QComboBox*>(o)) return combo->currentText();
+    if (auto* group = qobject_cast<const QGroupBox*>(o)) return group->title();
+    if (auto* edit = qobject_cast<const QLineEdit*>(o)) return edit->text();
+    if (auto* menu = qobject_cast<const QMenu*>(o)) return menu->title();
+    if (auto* action = qobject_cast<const QAction*>(o)) return action->text();
+    return qobject_cast<const QWidget*>(o)->windowTitle();
 }
 
-struct ControlRow {
-    const char* name;
-    const char* caption;  // nullptr: none to check
-    QRect geometry;       // in its parent, in pixels
-};
+inline QString quoted(QString text) {
+    return '"' + text.replace('\\', "\\\\").replace('\n', "\\n").replace('"', "\\\"") + '"';
+}
 
-inline void expectControls(const QWidget& window, std::initializer_list<ControlRow> rows) {
-    for (const ControlRow& row : rows) {
-        const auto* widget = window.findChild<const QWidget*>(row.name);
-        ASSERT_NE(widget, nullptr) << row.name;
-        if (row.caption != nullptr) {
-            EXPECT_EQ(captionOf(widget), row.caption) << row.name;
+// The controls and menu items of `window` that carry a design name, in the
+// order they were made. Only the window itself and the controls inside it are
+// measured: a main window's height and a menu's size follow the font.
+inline QString controlTable(const QWidget& window, const TwipScale& scale) {
+    QList<const QObject*> objects{&window};
+    objects += window.findChildren<const QObject*>();
+    QString table;
+    for (const QObject* o : objects) {
+        auto* widget = qobject_cast<const QWidget*>(o);
+        auto* action = qobject_cast<const QAction*>(o);
+        if (o->objectName().isEmpty() || o->objectName().startsWith("qt_") || !(widget || action))
+            continue;
+        QString line =
+            o->objectName() + ' ' + o->metaObject()->className() + ' ' + quoted(captionOf(o)) + ' ';
+        if (widget && !qobject_cast<const QMainWindow*>(o) &&
+            (o == &window || !widget->isWindow())) {
+            const QRect r = widget->geometry();
+            for (const int px : {r.x(), r.y(), r.width(), r.height()})
+                line += QString::number(std::lround(scale.toTwips(px))) + ' ';
+        } else {
+            line += "- ";
         }
-        EXPECT_EQ(widget->geometry(), row.geometry) << row.name;
+        const bool enabled = widget ? widget->isEnabled() : action->isEnabled();
+        const bool visible = widget ? widget->isVisibleTo(&window) : action->isVisible();
+        line += QString(enabled ? "enabled " : "disabled ") + (visible ? "visible " : "hidden ");
+        const QObject* parent = o->parent();
+        while (o != &window && parent != nullptr && parent->objectName().isEmpty())
+            parent = parent->parent();
+        line += o == &window || parent == nullptr ? "-" : parent->objectName();
+        if (auto* combo = qobject_cast<const QComboBox*>(o)) {
+            for (int i = 0; i < combo->count(); ++i) line += ' ' + quoted(combo->itemText(i));
+        }
+        table += line + '\n';
     }
+    return table;
 }
 
 }  // namespace quintline::testing
