@@ -1,7 +1,7 @@
 #pragma once
-// A window's controls as a table of text, one line a control, to compare with
-// a reviewed golden file: name, class, caption, geometry in twips, enabled,
-// visible, and the named object it sits in. Fonts play no part in any line.
+// A window's controls as text, one line a control: name, class, caption,
+// geometry in twips, enabled, visible, the named object it sits in, then a
+// combo box's items or a checked button's mark. Fonts play no part in it.
 
 #include <QAbstractButton>
 #include <QAction>
@@ -29,45 +29,49 @@ inline QString captionOf(const QObject* o) {
     return qobject_cast<const QWidget*>(o)->windowTitle();
 }
 
+// The control of a window with the given name.
+template <class Control = QWidget>
+Control* in(const QWidget& window, const char* name) {
+    return window.findChild<Control*>(name);
+}
+
 inline QString quoted(QString text) {
     return '"' + text.replace('\\', "\\\\").replace('\n', "\\n").replace('"', "\\\"") + '"';
 }
 
-// The controls and menu items of `window` that carry a design name, in the
-// order they were made. Only the window itself and the controls inside it are
-// measured: a main window's height and a menu's size follow the font.
-inline QString controlTable(const QWidget& window, const TwipScale& scale) {
-    QList<const QObject*> objects{&window};
-    objects += window.findChildren<const QObject*>();
+// The window and its named controls and menu items, bottom of the stack first.
+// Only the window and the controls inside it are measured: a main window's
+// height and a menu's size follow the font.
+inline std::string controlTable(const QWidget& window, const TwipScale& scale) {
     QString table;
-    for (const QObject* o : objects) {
+    for (const QObject* o :
+         QList<const QObject*>{&window} + window.findChildren<const QObject*>()) {
         auto* widget = qobject_cast<const QWidget*>(o);
         auto* action = qobject_cast<const QAction*>(o);
         if (o->objectName().isEmpty() || o->objectName().startsWith("qt_") || !(widget || action))
             continue;
-        QString line =
-            o->objectName() + ' ' + o->metaObject()->className() + ' ' + quoted(captionOf(o)) + ' ';
-        if (widget && !qobject_cast<const QMainWindow*>(o) &&
-            (o == &window || !widget->isWindow())) {
-            const QRect r = widget->geometry();
-            for (const int px : {r.x(), r.y(), r.width(), r.height()})
-                line += QString::number(std::lround(scale.toTwips(px))) + ' ';
-        } else {
-            line += "- ";
+        table += o->objectName() + ' ' + o->metaObject()->className() + ' ' + quoted(captionOf(o));
+        const bool measured =
+            widget && !qobject_cast<const QMainWindow*>(o) && (o == &window || !widget->isWindow());
+        const QRect r = measured ? widget->geometry() : QRect();
+        for (const int px : {r.x(), r.y(), r.width(), r.height()}) {
+            if (measured) table += ' ' + QString::number(std::lround(scale.toTwips(px)));
         }
-        const bool enabled = widget ? widget->isEnabled() : action->isEnabled();
-        const bool visible = widget ? widget->isVisibleTo(&window) : action->isVisible();
-        line += QString(enabled ? "enabled " : "disabled ") + (visible ? "visible " : "hidden ");
-        const QObject* parent = o->parent();
-        while (o != &window && parent != nullptr && parent->objectName().isEmpty())
-            parent = parent->parent();
-        line += o == &window || parent == nullptr ? "-" : parent->objectName();
+        if (!measured) table += " -";
+        table += (widget ? widget->isEnabled() : action->isEnabled()) ? " enabled" : " disabled";
+        table +=
+            (widget ? widget->isVisibleTo(&window) : action->isVisible()) ? " visible" : " hidden";
+        const QObject* parent = o == &window ? nullptr : o->parent();
+        while (parent != nullptr && parent->objectName().isEmpty()) parent = parent->parent();
+        table += ' ' + (parent != nullptr ? parent->objectName() : "-");
         if (auto* combo = qobject_cast<const QComboBox*>(o)) {
-            for (int i = 0; i < combo->count(); ++i) line += ' ' + quoted(combo->itemText(i));
+            for (int i = 0; i < combo->count(); ++i) table += ' ' + quoted(combo->itemText(i));
         }
-        table += line + '\n';
+        if (auto* button = qobject_cast<const QAbstractButton*>(o); button && button->isChecked())
+            table += " checked";
+        table += '\n';
     }
-    return table;
+    return table.toStdString();
 }
 
 }  // namespace quintline::testing

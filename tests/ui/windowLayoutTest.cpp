@@ -1,14 +1,9 @@
-// Every window's controls against its golden file in tests/ui/golden. A change
-// of design shows as a diff of the golden: run with QUINTLINE_UPDATE_GOLDEN=1
-// to rewrite the files, then review and commit them.
+// Every window's controls against its golden file in tests/ui/golden.
 
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <functional>
 #include <memory>
 
 #include "support/controlTable.h"
+#include "support/golden.h"
 #include "ui/aboutBox.h"
 #include "ui/boardFileDialog.h"
 #include "ui/mainForm.h"
@@ -21,25 +16,16 @@ TEST(WindowLayout, EveryWindowMatchesItsGoldenFile) {
     const TwipScale scale = TwipScale::ofScreen();
     MemoryRegistry store;
     std::string path;
-    const SysInfoPlatform noTool{store, {}, {}, {}};
-    const std::pair<const char*, std::function<std::unique_ptr<QWidget>()>> windows[] = {
-        {"mainForm", [] { return std::make_unique<MainForm>(); }},
-        {"settingsDialog", [&] { return std::make_unique<SettingsDialog>(scale); }},
-        {"dlgSavefile",
-         [&] { return std::make_unique<BoardFileDialog>(BoardFileDialogKind::save, scale, path); }},
-        {"dlgOpenfile",
-         [&] { return std::make_unique<BoardFileDialog>(BoardFileDialogKind::open, scale, path); }},
-        {"frmAbout", [&] { return std::make_unique<AboutBox>(scale, noTool); }},
+    const std::unique_ptr<QWidget> windows[] = {
+        std::make_unique<MainForm>(),
+        std::make_unique<SettingsDialog>(scale),
+        std::make_unique<BoardFileDialog>(BoardFileDialogKind::save, scale, path),
+        std::make_unique<BoardFileDialog>(BoardFileDialogKind::open, scale, path),
+        std::make_unique<AboutBox>(scale, SysInfoPlatform{store, {}, {}, {}}),
     };
-    for (const auto& [name, make] : windows) {
-        const QByteArray table = testing::controlTable(*make(), scale).toUtf8();
-        QFile golden(QStringLiteral(QUINTLINE_UI_GOLDEN_DIR "/%1.txt").arg(name));
-        if (qEnvironmentVariableIsSet("QUINTLINE_UPDATE_GOLDEN")) {
-            ASSERT_TRUE(golden.open(QIODevice::WriteOnly) && golden.write(table) == table.size());
-        } else {
-            ASSERT_TRUE(golden.open(QIODevice::ReadOnly)) << name;
-            EXPECT_EQ(table.toStdString(), golden.readAll().toStdString()) << name;
-        }
+    for (const auto& window : windows) {
+        testing::expectGolden(window->objectName().toStdString(),
+                              testing::controlTable(*window, scale));
     }
 }
 
