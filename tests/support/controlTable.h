@@ -1,7 +1,7 @@
 #pragma once
 // A window's controls as text, one line a control: name, class, caption,
 // geometry in twips, enabled, visible, the named object it sits in, then a
-// combo box's items or a checked button's mark. Fonts play no part in it.
+// combo box's items and the marks of a checked or default button. Fonts play no part in it.
 
 #include <QAbstractButton>
 #include <QAction>
@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPushButton>
 #include <cmath>
 
 #include "ui/twips.h"
@@ -69,6 +70,10 @@ inline std::string controlTable(const QWidget& window, const TwipScale& scale) {
         }
         if (auto* button = qobject_cast<const QAbstractButton*>(o); button && button->isChecked())
             table += " checked";
+        if (auto* button = qobject_cast<const QPushButton*>(o)) {
+            table += QString(button->isDefault() ? " default" : "") +
+                     (button->autoDefault() ? " autoDefault" : "");
+        }
         table += '\n';
     }
     return table.toStdString();

@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "support/controlTable.h"
+#include "ui/aboutBox.h"
 #include "ui/boardFileDialog.h"
 #include "ui/settingsDialog.h"
 
@@ -107,6 +108,14 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
     EXPECT_EQ(seen.join(' ').replace(QDir(here).dirName(), "here"), "sub: c.txt here: a.txt b.txt");
     EXPECT_EQ(QDir::currentPath(), here);
     QDir::setCurrent(previous);
+}
+
+TEST(AboutBox, ItsHiddenButtonStillStartsTheLauncher) {
+    MemoryRegistry store;  // holds no tool
+    std::string said;
+    AboutBox box(TwipScale(96), {store, {}, {}, [&](std::string_view text) { said = text; }});
+    in<QPushButton>(box, "cmdSysInfo")->click();
+    EXPECT_EQ(said, sysInfoUnavailable);
 }
 
 }  // namespace

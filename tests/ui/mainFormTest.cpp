@@ -1,5 +1,5 @@
 // The main window's wiring: clicks and menu items reach the game, the game's
-// figures reach the retained image, modal windows are answered while they are up.
+// figures reach the picture, modal windows are answered while they are up.
 
 #include "ui/mainForm.h"
 
@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -17,7 +16,6 @@
 
 #include "support/controlTable.h"
 #include "ui/boardPicture.h"
-#include "ui/sysInfo.h"
 
 namespace quintline {
 namespace {
@@ -35,101 +33,90 @@ class MainFormTest : public ::testing::Test {
     // board, with the right button: any button plays.
     void act(const char* step) {
         int x = 0, y = 0;
-        if (auto* item = in<QAction>(form, step)) {
-            item->trigger();
-        } else if (std::sscanf(step, "%d %d", &x, &y) == 2) {
-            QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {}, pixelAt(x, y));
-        } else {
-            QTest::mouseClick(in(form, step), Qt::LeftButton);
-        }
+        if (auto* item = in<QAction>(form, step)) return item->trigger();
+        if (std::sscanf(step, "%d %d", &x, &y) < 2)
+            return QTest::mouseClick(in(form, step), Qt::LeftButton);
+        QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {}, pixelAt(x, y));
     }
-    QPoint pixelAt(int x, int y, double dxTwips = 0) {
-        const TwipScale& scale = form.scale();
-        return {int(scale.toPixels((x - 0.5) * s.cellSize + dxTwips)),
-                int(scale.toPixels((y - 0.5) * s.cellSize))};
+    QPoint pixelAt(int x, int y, double dx = 0) {
+        return {int(form.scale().toPixels((x - 0.5) * s.cellSize + dx)),
+                int(form.scale().toPixels((y - 0.5) * s.cellSize))};
     }
     // Each point as its centre then its ring: B black, W white, - the background.
     std::string picture(std::initializer_list<Point> points) {
-        const QImage& image = form.boardPicture().canvas().image();
         std::string shown;
         for (const Point p : points) {
             for (const double dx : {0.0, 133.25}) {
-                const QColor c = image.pixel(pixelAt(p.x, p.y, dx));
-                shown += c == form.palette().color(QPalette::Button) ? '-'
-                         : c == Qt::black                            ? 'B'
-                         : c == Qt::white                            ? 'W'
-                                                                     : '?';
+                const QColor c = form.boardPicture().canvas().image().pixel(pixelAt(p.x, p.y, dx));
+                shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : '-';
             }
             shown += ' ';
         }
-        return shown.substr(0, shown.size() - 1);
+        return shown;
     }
-    QString caption(const char* name) { return testing::captionOf(in(form, name)); }
 
     MainForm form;
     GameState& s = form.game().state();
 };
 
-TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresTheImage) {
+TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
     form.show();
-    EXPECT_EQ(picture({{8, 8}, {1, 1}}), "BW --");  // the opening stone with its ring
     EXPECT_EQ(form.boardPicture().grab().toImage().convertToFormat(QImage::Format_RGB32),
               form.boardPicture().canvas().image());
     act("7 7");
     const Point reply{s.moveRecord[3].x, s.moveRecord[3].y};
     const struct {
         const char* step;
-        int stepNum;
-        const char* enabled;  // which of the replay buttons "<" and ">"
-        const char* shown;    // (7, 7), (8, 8) and the reply
-    } flow[] = {{"", 3, "<", "WW BB BW"},
-                {"7 7", 3, "<", "WW BB BW"},
-                {"backwardEnd", 0, ">", "-- -- --"},
-                {"cmdForw", 1, "<>", "-- BB --"},
-                {"cmdForwardEnd", 3, "<", "WW BB BB"},
-                {"new", 1, "<", "-- BW --"}};
+        const char*
+            shown;  // stepNumLab, the enabled ones of "<" and ">", (7, 7), (8, 8), the reply
+    } flow[] = {{"7 7", "3 < WW BB BW "},
+                {"backwardEnd", "0 > -- -- -- "},
+                {"cmdForw", "1 <> -- BB -- "},
+                {"cmdForwardEnd", "3 < WW BB BB "},
+                {"new", "1 < -- BW -- "}};
     for (const auto& step : flow) {
-        if (*step.step) act(step.step);
-        EXPECT_EQ(caption("stepNumLab"), QString::number(step.stepNum)) << step.step;
-        EXPECT_EQ(std::string(in(form, "cmdBack")->isEnabled() ? "<" : "") +
-                      (in(form, "cmdForw")->isEnabled() ? ">" : ""),
-                  step.enabled)
+        act(step.step);
+        EXPECT_EQ(testing::captionOf(in(form, "stepNumLab")).toStdString() + ' ' +
+                      (in(form, "cmdBack")->isEnabled() ? "<" : "") +
+                      (in(form, "cmdForw")->isEnabled() ? ">" : "") + ' ' +
+                      picture({{7, 7}, {8, 8}, reply}),
+                  step.shown)
             << step.step;
-        EXPECT_EQ(picture({{7, 7}, {8, 8}, reply}), step.shown) << step.step;
     }
     act("Command1");
-    EXPECT_EQ(caption("Command1"), "suggestion");
-    EXPECT_EQ(picture({{s.bestX[1], s.bestY[1]}}), "-B");
+    EXPECT_EQ(testing::captionOf(in(form, "Command1")).toStdString() +
+                  picture({{s.bestX[1], s.bestY[1]}}),
+              "suggestion-B ");
 }
 
-TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayers) {
+TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     QString refusal, shown;
+    const auto answer = [&](const char* depth, const char* black, const char* button) {
+        return [=, &refusal, &shown](QWidget& dialog) {
+            shown += in<QComboBox>(dialog, "Combo3(0)")->currentText() +
+                     in<QComboBox>(dialog, "Combo1")->currentText();
+            in<QComboBox>(dialog, "Combo3(0)")->setEditText(depth);
+            in<QComboBox>(dialog, "Combo1")->setEditText(black);
+            in<QPushButton>(dialog, button)->click();
+        };
+    };
     whenModal([&](QWidget& dialog) {
-        in<QComboBox>(dialog, "Combo3(0)")->setEditText("12");
         whenModal([&](QWidget& box) {
             refusal = dynamic_cast<QMessageBox&>(box).text();
             QTest::keyClick(&box, Qt::Key_Return);
         });
-        in<QPushButton>(dialog, "OKButton")->click();
-        EXPECT_TRUE(dialog.isVisible());
-        in<QComboBox>(dialog, "Combo3(0)")->setEditText("2");
-        in<QComboBox>(dialog, "Combo1")->setEditText("User");
-        in<QPushButton>(dialog, "OKButton")->click();
+        answer("12", "User", "OKButton")(dialog);
+        EXPECT_TRUE(dialog.isVisible());  // refused: the dialog stays
+        answer("2", "User", "OKButton")(dialog);
     });
+    act("sr");
+    whenModal(answer("2", "Computer B", "CancelButton"));
     act("sr");
     EXPECT_EQ(refusal, "search depth must be a whole number from 1 to 9");
+    EXPECT_EQ(shown, "3Computer A12User3User");  // the design depth again, the players kept
     EXPECT_EQ(s.depthA, 2);
-    EXPECT_EQ(caption("whoRun"), "Users are running");
-    // The next opening shows the design depth and the chosen rows; Cancel keeps all.
-    whenModal([&](QWidget& dialog) {
-        shown = in<QComboBox>(dialog, "Combo3(0)")->currentText() + "/" +
-                in<QComboBox>(dialog, "Combo1")->currentText();
-        in<QComboBox>(dialog, "Combo1")->setEditText("Computer B");
-        in<QPushButton>(dialog, "CancelButton")->click();
-    });
-    act("sr");
-    EXPECT_EQ(shown, "3/User");
     EXPECT_EQ(s.blackSide, userKind);
+    EXPECT_EQ(testing::captionOf(in(form, "whoRun")), "Users are running");
 }
 
 TEST_F(MainFormTest, SaveAndReadPutThePathInTheTitleAndBatchesRun) {
@@ -146,12 +133,10 @@ TEST_F(MainFormTest, SaveAndReadPutThePathInTheTitleAndBatchesRun) {
         {"read", nullptr, title, 0}, {"save", "b.txt", titled, 0}, {"read", "b.txt", titled, 1}};
     for (const auto& step : flow) {
         whenModal([&](QWidget& dialog) {
-            if (step.file != nullptr) {
-                in<QLineEdit>(dialog, "txtFileName")->setText(step.file);
-                auto* files = in<QListWidget>(dialog, "File1");
-                files->setCurrentItem(files->findItems(step.file, Qt::MatchExactly).value(0));
-            }
-            in<QPushButton>(dialog, step.file ? "OKButton" : "CancelButton")->click();
+            in<QLineEdit>(dialog, "txtFileName")->setText(step.file);
+            auto* files = in<QListWidget>(dialog, "File1");
+            files->setCurrentItem(files->findItems(step.file, Qt::MatchExactly).value(0));
+            QTest::mouseClick(in(dialog, step.file ? "OKButton" : "CancelButton"), Qt::LeftButton);
         });
         act(step.item);
         EXPECT_EQ(form.windowTitle(), step.title) << step.item;
@@ -166,12 +151,11 @@ TEST_F(MainFormTest, SaveAndReadPutThePathInTheTitleAndBatchesRun) {
 struct PaintCounter : QObject {
     int paints = 0;
     bool eventFilter(QObject*, QEvent* event) override {
-        paints += event->type() == QEvent::Paint;
-        return false;
+        return paints += event->type() == QEvent::Paint, false;
     }
 };
 
-TEST_F(MainFormTest, RepaintAboutBoxAndQuit) {
+TEST_F(MainFormTest, RepaintPaintsAtOnceAndQuitEndsTheLoop) {
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     QApplication::processEvents();
@@ -181,23 +165,6 @@ TEST_F(MainFormTest, RepaintAboutBoxAndQuit) {
     EXPECT_EQ(counter.paints, 0);
     form.repaint();  // paints before returning
     EXPECT_GE(counter.paints, 1);
-
-    // The about box's hidden button still says the tool is missing; Enter,
-    // Escape or OK closes the box.
-    for (const auto close : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space}) {
-        QString said;
-        whenModal([&](QWidget& box) {
-            whenModal([&](QWidget& message) {
-                said = dynamic_cast<QMessageBox&>(message).text();
-                QTest::keyClick(&message, Qt::Key_Return);
-            });
-            in<QPushButton>(box, "cmdSysInfo")->click();
-            if (close == Qt::Key_Space) QTest::mouseClick(in(box, "cmdOK"), Qt::LeftButton);
-            if (close != Qt::Key_Space) QTest::keyClick(&box, close);
-        });
-        act("about");
-        EXPECT_EQ(said, sysInfoUnavailable.data()) << close;
-    }
 
     // Quit ends the event loop at once; a fallback ends it with another code.
     QTimer::singleShot(0, &form, [&] { act("quit"); });
