@@ -1,11 +1,9 @@
-// What the settings and board file dialogs make of what the user types, picks
-// and clicks.
+// What the dialogs make of what the user types, picks and clicks.
 
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -33,20 +31,9 @@ TEST(SettingsDialog, ValuesRoundTripAndFollowTheUser) {
         EXPECT_EQ(text(dialog.values()), text(values));
     }
     EXPECT_EQ(in<QComboBox>(dialog, "Combo1")->currentIndex(), 2);  // the list follows the text
-
     dialog.show();
-    in<QComboBox>(dialog, "Combo3(0)")->lineEdit()->clear();
-    QTest::keyClicks(in<QComboBox>(dialog, "Combo3(0)")->lineEdit(), "7");
-    in<QComboBox>(dialog, "Combo2")->setCurrentIndex(0);
     QTest::mouseClick(in(dialog, "Option3"), Qt::LeftButton, {}, QPoint(5, 10));
-    EXPECT_EQ(text(dialog.values()), "Computer B|Computer A|7| 4.5|2");
-    // OK hands over to its handler, Cancel just closes.
-    int okClicks = 0;
-    dialog.onOk = [&] { ++okClicks; };
-    for (const char* button : {"OKButton", "CancelButton"}) {
-        QTest::mouseClick(in(dialog, button), Qt::LeftButton);
-    }
-    EXPECT_TRUE(okClicks == 1 && !dialog.isVisible());
+    EXPECT_EQ(dialog.values().situation, Situation::bKnowsA);
 }
 
 TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
@@ -75,14 +62,11 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
     for (const auto& step : steps) {
         std::string path = "earlier";
         BoardFileDialog dialog(step.kind, TwipScale(96), path);
-        for (auto* button : dialog.findChildren<QPushButton*>())
-            EXPECT_FALSE(button->autoDefault());
         dialog.setDirPath(step.dir);
         dialog.show();
-        auto* files = in<QListWidget>(dialog, "File1");
         in<QLineEdit>(dialog, "txtFileName")->setText(step.typed);
-        if (step.picked != "")
-            files->setCurrentItem(files->findItems(step.picked, Qt::MatchExactly)[0]);
+        auto* files = in<QListWidget>(dialog, "File1");
+        files->setCurrentItem(files->findItems(step.picked, Qt::MatchExactly).value(0));
         if (step.how == std::string("Escape")) QTest::keyClick(&dialog, Qt::Key_Escape);
         if (step.how == std::string("close")) dialog.close();
         if (auto* button = in(dialog, step.how)) QTest::mouseClick(button, Qt::LeftButton);
@@ -92,8 +76,8 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
     }
 
     // Dir1 shows the way down to the directory, which is selected, then its
-    // subdirectories; activating an entry goes there without moving the process,
-    // and File1 lists the files there.
+    // subdirectories; an entry activated shows its files in File1, and the
+    // process stays where it was.
     std::string path;
     BoardFileDialog dialog(open, TwipScale(96), path);
     auto* dirs = in<QListWidget>(dialog, "Dir1");
@@ -101,11 +85,11 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
     QStringList seen;
     for (const bool down : {true, false}) {
         emit dirs->itemActivated(dirs->item(down ? dirs->count() - 1 : dirs->currentRow() - 1));
-        seen << QDir(dialog.dirPath()).dirName() + ":";
+        seen << dialog.dirPath().replace(here, "~");
         for (auto* file : in<QListWidget>(dialog, "File1")->findItems("*", Qt::MatchWildcard))
             seen << file->text();
     }
-    EXPECT_EQ(seen.join(' ').replace(QDir(here).dirName(), "here"), "sub: c.txt here: a.txt b.txt");
+    EXPECT_EQ(seen.join(' '), "~/sub c.txt ~ a.txt b.txt");
     EXPECT_EQ(QDir::currentPath(), here);
     QDir::setCurrent(previous);
 }
