@@ -65,23 +65,21 @@ TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
               form.boardPicture().canvas().image());
     act("7 7");
     const Point reply{s.moveRecord[3].x, s.moveRecord[3].y};
-    const struct {
-        const char* step;
-        const char*
-            shown;  // stepNumLab, the enabled ones of "<" and ">", (7, 7), (8, 8), the reply
-    } flow[] = {{"7 7", "3 < WW BB BW "},
-                {"backwardEnd", "0 > -- -- -- "},
-                {"cmdForw", "1 <> -- BB -- "},
-                {"cmdForwardEnd", "3 < WW BB BB "},
-                {"new", "1 < -- BW -- "}};
-    for (const auto& step : flow) {
-        act(step.step);
+    // Each step, then stepNumLab, the enabled ones of "<" and ">", and (7, 7),
+    // (8, 8) and the reply on the picture.
+    const std::pair<const char*, const char*> flow[] = {{"7 7", "3 < WW BB BW "},
+                                                        {"backwardEnd", "0 > -- -- -- "},
+                                                        {"cmdForw", "1 <> -- BB -- "},
+                                                        {"cmdForwardEnd", "3 < WW BB BB "},
+                                                        {"new", "1 < -- BW -- "}};
+    for (const auto& [step, shown] : flow) {
+        act(step);
         EXPECT_EQ(testing::captionOf(in(form, "stepNumLab")).toStdString() + ' ' +
                       (in(form, "cmdBack")->isEnabled() ? "<" : "") +
                       (in(form, "cmdForw")->isEnabled() ? ">" : "") + ' ' +
                       picture({{7, 7}, {8, 8}, reply}),
-                  step.shown)
-            << step.step;
+                  shown)
+            << step;
     }
     act("Command1");
     EXPECT_EQ(testing::captionOf(in(form, "Command1")).toStdString() +
@@ -91,31 +89,28 @@ TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
 
 TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     QString refusal, shown;
-    const auto answer = [&](const char* depth, const char* black, const char* button) {
-        return [=, &refusal, &shown](QWidget& dialog) {
-            shown += in<QComboBox>(dialog, "Combo3(0)")->currentText() +
-                     in<QComboBox>(dialog, "Combo1")->currentText();
-            in<QComboBox>(dialog, "Combo3(0)")->setEditText(depth);
-            in<QComboBox>(dialog, "Combo1")->setEditText(black);
-            in<QPushButton>(dialog, button)->click();
-        };
+    const auto fill = [&](QWidget& dialog, const char* depth, const char* black, const char* ok) {
+        shown += in<QComboBox>(dialog, "Combo3(0)")->currentText() +
+                 in<QComboBox>(dialog, "Combo1")->currentText();
+        in<QComboBox>(dialog, "Combo3(0)")->setEditText(depth);
+        in<QComboBox>(dialog, "Combo1")->setEditText(black);
+        in<QPushButton>(dialog, ok)->click();
     };
     whenModal([&](QWidget& dialog) {
         whenModal([&](QWidget& box) {
             refusal = dynamic_cast<QMessageBox&>(box).text();
             QTest::keyClick(&box, Qt::Key_Return);
         });
-        answer("12", "User", "OKButton")(dialog);
+        fill(dialog, "12", "User", "OKButton");
         EXPECT_TRUE(dialog.isVisible());  // refused: the dialog stays
-        answer("2", "User", "OKButton")(dialog);
+        fill(dialog, "2", "User", "OKButton");
     });
     act("sr");
-    whenModal(answer("2", "Computer B", "CancelButton"));
+    whenModal([&](QWidget& dialog) { fill(dialog, "2", "Computer B", "CancelButton"); });
     act("sr");
     EXPECT_EQ(refusal, "search depth must be a whole number from 1 to 9");
     EXPECT_EQ(shown, "3Computer A12User3User");  // the design depth again, the players kept
-    EXPECT_EQ(s.depthA, 2);
-    EXPECT_EQ(s.blackSide, userKind);
+    EXPECT_TRUE(s.depthA == 2 && s.blackSide == userKind);
     EXPECT_EQ(testing::captionOf(in(form, "whoRun")), "Users are running");
 }
 
