@@ -48,7 +48,8 @@ class MainFormTest : public ::testing::Test {
         for (const Point p : points) {
             for (const double dx : {0.0, 133.25}) {
                 const QColor c = form.boardPicture().canvas().image().pixel(pixelAt(p.x, p.y, dx));
-                shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : '-';
+                const QColor ground = form.palette().color(QPalette::Button);
+                shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : c == ground ? '-' : '?';
             }
             shown += ' ';
         }
