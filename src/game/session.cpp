@@ -1,26 +1,10 @@
-#include <charconv>
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "game/captions.h"
 #include "game/game.h"
+#include "game/settings.h"
 
 namespace quintline {
-
-namespace {
-
-// A depth box's text as a 16-bit number; blanks around the digits are allowed.
-std::optional<std::int16_t> depthFromText(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    std::int16_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return value;
-}
-
-}  // namespace
 
 void Game::startSession() {
     GameState& s = state_;
@@ -41,7 +25,7 @@ void Game::startSession() {
     s.computerKind = computerA;
     s.computerColour = black;
 
-    // Box 1 belongs to kind B, box 0 to kind A. A text that is no number keeps
+    // Box 1 belongs to kind B, box 0 to kind A. A text that gives no depth keeps
     // the depth the state holds.
     if (const auto depth = depthFromText(toolkit_.depthBoxText(1))) s.depthB = *depth;
     if (const auto depth = depthFromText(toolkit_.depthBoxText(0))) s.depthA = *depth;

@@ -41,11 +41,11 @@ bool fillRow(PlayerKind kind, std::string& row, Situation& situation) {
             return true;
         case aKnowsB:
             row = computerAName;
-            situation = Situation::aKnowsB;
+            situation = Situation::aModelsB;
             return true;
         case bKnowsA:
             row = computerBName;
-            situation = Situation::bKnowsA;
+            situation = Situation::bModelsA;
             return true;
         default:
             return false;
@@ -122,7 +122,7 @@ bool acceptSettings(Game& game, const SettingsValues& values,
         s.clickAllowed = flagFalse;
         // The modelling role goes to white whatever kind white holds, unless
         // black is the computer named by the option.
-        if (values.situation == Situation::aKnowsB) {
+        if (values.situation == Situation::aModelsB) {
             if (s.blackSide == computerA) {
                 s.blackSide = aKnowsB;
                 toolkit.setCaption(Control::blackSideLabel, captions::aKnowsBSide);
@@ -130,7 +130,7 @@ bool acceptSettings(Game& game, const SettingsValues& values,
                 s.whiteSide = aKnowsB;
                 toolkit.setCaption(Control::whiteSideLabel, captions::aKnowsBSide);
             }
-        } else if (values.situation == Situation::bKnowsA) {
+        } else if (values.situation == Situation::bModelsA) {
             if (s.blackSide == computerB) {
                 s.blackSide = bKnowsA;
                 toolkit.setCaption(Control::blackSideLabel, captions::bKnowsASide);

@@ -16,7 +16,7 @@ namespace quintline {
 
 // Which computer models the other in a game between two computers: the option
 // group of the dialog, one of them selected.
-enum class Situation { knowNothing, aKnowsB, bKnowsA };  // Option1, Option2, Option3
+enum class Situation { knowNothing, aModelsB, bModelsA };  // Option1, Option2, Option3
 
 struct SettingsValues {
     std::string blackRow = "Computer A";            // Combo1

@@ -109,8 +109,8 @@ SettingsValues SettingsDialog::values() const {
     v.whiteRow = whiteRow_->currentText().toStdString();
     v.depthBox[0] = depthBox_[0]->currentText().toStdString();
     v.depthBox[1] = depthBox_[1]->currentText().toStdString();
-    v.situation = aKnowsB_->isChecked()   ? Situation::aKnowsB
-                  : bKnowsA_->isChecked() ? Situation::bKnowsA
+    v.situation = aKnowsB_->isChecked()   ? Situation::aModelsB
+                  : bKnowsA_->isChecked() ? Situation::bModelsA
                                           : Situation::knowNothing;
     return v;
 }
@@ -124,10 +124,10 @@ void SettingsDialog::setValues(const SettingsValues& v) {
         case Situation::knowNothing:
             knowNothing_->setChecked(true);
             break;
-        case Situation::aKnowsB:
+        case Situation::aModelsB:
             aKnowsB_->setChecked(true);
             break;
-        case Situation::bKnowsA:
+        case Situation::bModelsA:
             bKnowsA_->setChecked(true);
             break;
     }

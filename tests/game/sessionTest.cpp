@@ -55,7 +55,7 @@ TEST(StartUp, OpensWithTheCentreStoneAndTheDesignSettingsAndANewGameClearsIt) {
 }
 
 TEST(StartUp, CellSizeRoundsTiesToEvenAndEachDepthBoxBelongsToItsKind) {
-    // A box whose text is no number leaves the depth as it was.
+    // A box whose text gives no depth leaves the depth as it was.
     const std::tuple<double, const char*, const char*, int, int, int> rows[] = {
         {8002.5, "2", " 1 ", 534, 2, 1},
         {7987.5, "deep", "4", 532, 3, 4},

@@ -49,14 +49,14 @@ TEST(SettingsFill, RowsFollowTheSidesAndModellingKindsSelectTheirOption) {
         const char* whiteRow;
         Situation situation;
     } rows[] = {{computerA, userKind, "Computer A", "User", Situation::knowNothing},
-                {aKnowsB, computerB, "Computer A", "Computer B", Situation::aKnowsB},
-                {computerB, bKnowsA, "Computer B", "Computer B", Situation::bKnowsA},
+                {aKnowsB, computerB, "Computer A", "Computer B", Situation::aModelsB},
+                {computerB, bKnowsA, "Computer B", "Computer B", Situation::bModelsA},
                 // A side outside 0..4 keeps the row as it was, after a message.
                 {5, -1, "x", "y", Situation::knowNothing}};
     for (const auto& row : rows) {
         s.blackSide = row.black;
         s.whiteSide = row.white;
-        SettingsValues v{"x", "y", {"", ""}, Situation::aKnowsB};
+        SettingsValues v{"x", "y", {"", ""}, Situation::aModelsB};
         fillSettings(session.game, v);
         EXPECT_EQ(v.blackRow + "/" + v.whiteRow, std::string(row.blackRow) + "/" + row.whiteRow);
         EXPECT_EQ(v.situation, row.situation);
@@ -85,7 +85,7 @@ TEST(SettingsAccept, RowsSetTheSidesBlackFirstAndWhoeverHasTheMoveMoves) {
         Session session;
         session.s.depthA = 2;
         session.toolkit.forget();
-        EXPECT_TRUE(accept(session, "User", "User", Situation::aKnowsB).closedAt >= 0);
+        EXPECT_TRUE(accept(session, "User", "User", Situation::aModelsB).closedAt >= 0);
         const GameState& s = session.s;
         EXPECT_EQ(session.toolkit.count(Request::clearAndGrid), 1u);
         EXPECT_EQ(s.depthA, 3);
@@ -112,7 +112,7 @@ TEST(SettingsAccept, RowsSetTheSidesBlackFirstAndWhoeverHasTheMoveMoves) {
         Session session;
         testing::click(session.game, 7, 7);
         session.s.clickAllowed = flagFalse;
-        accept(session, "Computer A", "User", Situation::bKnowsA);
+        accept(session, "Computer A", "User", Situation::bModelsA);
         EXPECT_EQ(session.s.stepNum, 3);
         EXPECT_EQ(session.s.clickAllowed, flagTrue);
         EXPECT_EQ(session.s.blackSide, computerA);
@@ -139,11 +139,11 @@ TEST(SettingsAccept, TwoComputersTakeTheModellingRoleAndPlayTheGameOut) {
         Situation situation;
         PlayerKind blackSide, whiteSide;
     } rows[] = {{a, b, Situation::knowNothing, computerA, computerB},
-                {a, a, Situation::aKnowsB, aKnowsB, computerA},
-                {b, a, Situation::aKnowsB, computerB, aKnowsB},
-                {b, b, Situation::aKnowsB, computerB, aKnowsB},
-                {b, a, Situation::bKnowsA, bKnowsA, computerA},
-                {a, a, Situation::bKnowsA, computerA, bKnowsA}};
+                {a, a, Situation::aModelsB, aKnowsB, computerA},
+                {b, a, Situation::aModelsB, computerB, aKnowsB},
+                {b, b, Situation::aModelsB, computerB, aKnowsB},
+                {b, a, Situation::bModelsA, bKnowsA, computerA},
+                {a, a, Situation::bModelsA, computerA, bKnowsA}};
     const auto label = [](PlayerKind kind) {
         return kind == aKnowsB ? "A Knows B" : kind == bKnowsA ? "B Knows A" : nullptr;
     };

@@ -25,7 +25,8 @@ std::string text(const SettingsValues& v) {
 TEST(SettingsDialog, ValuesRoundTripAndFollowTheUser) {
     SettingsDialog dialog(TwipScale(96));
     EXPECT_EQ(text(dialog.values()) + designDepthBoxText(1), "Computer A|User|3|3|03");
-    for (const auto situation : {Situation::bKnowsA, Situation::knowNothing, Situation::aKnowsB}) {
+    for (const auto situation :
+         {Situation::bModelsA, Situation::knowNothing, Situation::aModelsB}) {
         const SettingsValues values{"Computer B", "somebody", {"2", " 4.5"}, situation};
         dialog.setValues(values);  // a typed text need not be an item
         EXPECT_EQ(text(dialog.values()), text(values));
@@ -33,7 +34,7 @@ TEST(SettingsDialog, ValuesRoundTripAndFollowTheUser) {
     EXPECT_EQ(in<QComboBox>(dialog, "Combo1")->currentIndex(), 2);  // the list follows the text
     dialog.show();
     QTest::mouseClick(in(dialog, "Option3"), Qt::LeftButton, {}, QPoint(5, 10));
-    EXPECT_EQ(dialog.values().situation, Situation::bKnowsA);
+    EXPECT_EQ(dialog.values().situation, Situation::bModelsA);
 }
 
 TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
