@@ -93,8 +93,8 @@ TEST_F(BoardFileTest, SavedReadAndReplayedGamesSaveTheSameBytes) {
         toolkit.forget();
         readBoardFile(game);
         EXPECT_EQ(s.position.board[8][8], empty);  // no stone is placed
-        EXPECT_TRUE(toolkit.captionsOf(Control::stepNumLab).empty());
-        EXPECT_EQ(toolkit.lastEnabled(Control::cmdForw), true);
+        EXPECT_TRUE(toolkit.with("caption stepNumLab").empty());
+        EXPECT_EQ(toolkit.with("enabled cmdForw").back(), " on");
         game.cmdForwardEndClick();
         EXPECT_EQ(s.gameResult, std::get<6>(before));
         useFile("again.txt");
@@ -165,7 +165,7 @@ TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
                       std::vector<std::string>{refusal == unsuitable
                                                    ? refusal
                                                    : s.boardFilePath + refusal + "! Not loaded"});
-            EXPECT_EQ(toolkit.calls.size(), 1u) << text;  // no drawing, caption or button
+            EXPECT_EQ(toolkit.lines.size(), 1u) << text;  // no drawing, caption or button
             continue;
         }
         EXPECT_TRUE(toolkit.messages().empty()) << text;
