@@ -114,8 +114,11 @@ class Runner {
             toolkit_.forget();
             printed_.clear();
             text += step(w, line) + "\n";
-            for (const std::string& l : toolkit_.lines)
+            for (const std::string& l : toolkit_.lines) {
                 if (!hidden(l)) text += "  " + l + "\n";
+                const Words c = split(l);  // the last caption of each control, for `shown`
+                if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
+            }
             for (const std::string& l : printed_) text += "  " + l + "\n";
         }
         return text;
@@ -149,6 +152,11 @@ class Runner {
             if (value) std::sscanf(value->c_str(), "%hd,%hd,%hd", &m.colour, &m.x, &m.y);
             return std::to_string(m.colour) + "," + std::to_string(m.x) + "," +
                    std::to_string(m.y);
+        }
+        if (name.starts_with("best")) {  // best<N>=x,y: the point chosen at N stones
+            const std::size_t n = std::stoul(name.substr(4));
+            if (value) std::tie(s().bestX.at(n), s().bestY.at(n)) = std::pair(point(*value).x, point(*value).y);
+            return std::to_string(s().bestX.at(n)) + "," + std::to_string(s().bestY.at(n));
         }
         if (name.starts_with("at")) {  // at<x>,<y>: the board point
             const Point p = point(name.substr(2));
@@ -221,20 +229,21 @@ class Runner {
                                    it == situations.end() ? Situation::knowNothing : it->second};
             int closed = 0;
             const bool accepted = acceptSettings(*game_, v, [&] {
-                toolkit_.lines.push_back("closed" + std::string(closed++ ? " again" : ""));
+                toolkit_.lines.push_back((closed++ ? "closed again at " : "closed at ") +
+                                         std::to_string(s().stepNum));
             });
             if (!accepted) printed_.push_back("refused");
         } else if (c == "fill") {
             SettingsValues v{"-", "-", {"", ""}, Situation::aKnowsB};
             fillSettings(*game_, v);
             printed_.push_back("rows " + v.blackRow + " / " + v.whiteRow + " option " +
-                               std::to_string(int(v.situation)) + " boxes " + v.depthBox[0] +
-                               v.depthBox[1]);
+                               std::to_string(int(v.situation)) + " boxes \"" + v.depthBox[0] +
+                               "\" \"" + v.depthBox[1] + '"');
         } else if (c == "depths") {  // what each text gives as a depth, "-" for none
             std::string out;
             for (std::size_t i = 1; i < w.size(); ++i) {
                 const auto depth = depthFromText(w[i]);
-                out += depth ? std::to_string(*depth) + " " : "- ";
+                out += (i > 1 ? " " : "") + (depth ? std::to_string(*depth) : "-");
             }
             printed_.push_back(out);
         } else if (c == "suggestion-depths") {  // stone counts by depth, in runs
@@ -253,12 +262,15 @@ class Runner {
             c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
         } else if (c == "write") {  // write <file> <text with \r and \n>
             writeBytes(w.at(1), unescape(line.substr(line.find(w[1]) + w[1].size() + 1)));
-        } else if (c == "mkdir") {
-            std::filesystem::create_directory(w.at(1));
+        } else if (c == "mkdir" || c == "remove") {
+            c == "mkdir" ? std::filesystem::create_directory(w.at(1)) : std::filesystem::remove(w.at(1));
+        } else if (c == "shown") {  // the last caption of each control named
+            for (std::size_t i = 1; i < w.size(); ++i) printed_.push_back(w[i] + "=" + captions_[w[i]]);
         } else if (c == "cat") {  // a text file's lines; "<no CR>" where a line lacks it
+            if (!std::filesystem::exists(w.at(1))) printed_.push_back("(no such file)");
             std::istringstream bytes(readBytes(w.at(1)));
             for (std::string l; std::getline(bytes, l);) {
-                if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9]"), "#");
+                if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9][0-9.]*"), "#");
                 printed_.push_back(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1)
                                                      : "|" + l + " <no CR>");
             }
@@ -276,7 +288,7 @@ class Runner {
             s().cycleCount = arg(1);
             w.size() > 2 ? runTournament(*game_)
                          : runTournament(*game_, uniform_, clock_, "result.txt");
-            printed_.push_back("numbers drawn " + std::to_string(uniform_.drawn()));
+            if (w.size() == 2) printed_.push_back("numbers drawn " + std::to_string(uniform_.drawn()));
         } else if (c == "suite") {  // suite <list> | suite menu
             w.at(1) == "menu" ? runTestSuite(*game_)
                               : runTestSuite(*game_, clock_, w[1], "result.txt");
@@ -292,16 +304,18 @@ class Runner {
                                std::to_string(most->second) + " hits");
         } else if (c == "snap") {
             snapshots_[w.at(1)] = s().position;
-        } else if (c == "same") {  // the position is the named snapshot's, table for table
-            const bool same = std::memcmp(&snapshots_.at(w.at(1)), &s().position,
-                                          sizeof(Position)) == 0;
-            line = "same " + w[1] + (same ? "" : " (differs)");
+        } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
+            const bool same = w.size() > 2 ? readBytes(w[1]) == readBytes(w[2])
+                                           : std::memcmp(&snapshots_.at(w.at(1)), &s().position,
+                                                         sizeof(Position)) == 0;
+            line = line + (same ? "" : " (differs)");
         } else if (c == "hide") {  // hide <prefix>, <prefix>: requests left out from here on
             hide_.clear();
             std::istringstream list(line.substr(4));
             for (std::string prefix; std::getline(list, prefix, ',');)
                 if (prefix.find_first_not_of(' ') != std::string::npos)
                     hide_.push_back(prefix.substr(prefix.find_first_not_of(' ')));
+            if (hide_.size() == 1 && hide_[0] == "*") hide_[0] = "";  // everything
         } else {
             ADD_FAILURE() << "unknown step: " << line;
         }
@@ -312,6 +326,7 @@ class Runner {
     SilentToolkit silent_;
     std::optional<Game> game_;
     Words hide_;
+    std::map<std::string, std::string> captions_;
     Words printed_;
     std::map<std::string, Position> snapshots_{{"empty", Position{}}};
     ScriptedUniform uniform_{{}};
