@@ -1,5 +1,5 @@
-// Board files saved, read and replayed through a game, and the number form they
-// are written in.
+// Board files read into a game, refused or taken, and the number form they are
+// written in. Saving, reading and replaying whole games is a scenario.
 
 #include "boardfile/boardFile.h"
 #include "boardfile/numberForm.h"
@@ -17,7 +17,6 @@
 namespace quintline {
 namespace {
 
-using testing::readBytes;
 using testing::RecordingToolkit;
 using testing::ScratchDirectory;
 
@@ -60,56 +59,6 @@ class BoardFileTest : public ::testing::Test {
     RecordingToolkit toolkit;
     Game game;
 };
-
-TEST_F(BoardFileTest, SavedReadAndReplayedGamesSaveTheSameBytes) {
-    GameState& s = game.state();
-    // The empty board; two builders from the centre stone, white having five down
-    // column 2 at stone 10; two users after three moves, one of them taken back.
-    const std::string files[] = {
-        head + " 0 \r\n" + tail,
-        head +
-            " 10 \r\n 1   8   8 \r\n-1   2   1 \r\n 1   1   1 \r\n-1   2   2 \r\n"
-            " 1   1   2 \r\n-1   2   3 \r\n 1   1   3 \r\n-1   2   4 \r\n 1   1   4 \r\n"
-            "-1   2   5 \r\n" +
-            tail,
-        head + " 2 \r\n 1   7   7 \r\n-1   9   9 \r\nUserTurn\r\n-1 \r\nend\r\n"};
-    for (int n = 0; n < 3; ++n) {
-        s.userColour = black;
-        game.newGame();
-        if (n == 1) {
-            s.blackSide = s.whiteSide = computerA;
-            game.computerGame();
-        } else if (n == 2) {
-            s.twoUsers = flagTrue;
-            for (std::int16_t xy : {7, 9, 6}) game.userMove(xy, xy);
-            game.stepBack();
-        }
-        useFile("game.txt");
-        const auto before = readableState(s);
-        saveBoardFile(game);
-        EXPECT_EQ(readableState(s), before);
-        EXPECT_EQ(readBytes(s.boardFilePath), files[n]);
-
-        toolkit.forget();
-        readBoardFile(game);
-        EXPECT_EQ(s.position.board[8][8], empty);  // no stone is placed
-        EXPECT_TRUE(toolkit.with("caption stepNumLab").empty());
-        EXPECT_EQ(toolkit.with("enabled cmdForw").back(), " on");
-        game.cmdForwardEndClick();
-        EXPECT_EQ(s.gameResult, std::get<6>(before));
-        useFile("again.txt");
-        saveBoardFile(game);
-        EXPECT_EQ(readBytes(s.boardFilePath), files[n]);
-    }
-    EXPECT_TRUE(toolkit.messages().empty());
-
-    useFile("no-such-dir/x.txt");
-    saveBoardFile(game);
-    EXPECT_EQ(
-        toolkit.messages(),
-        std::vector<std::string>{s.boardFilePath + ": board file cannot be written! Not saved"});
-    EXPECT_FALSE(std::filesystem::exists(dir / "no-such-dir"));
-}
 
 TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
     GameState& s = game.state();

@@ -1,22 +1,20 @@
 // Replays the game-control scenarios of this directory. A scenario is a list of
-// steps; under each step, indented, stand the requests it made to the windows
-// and what it printed. The runner replays the steps and writes the same text
-// anew: the test passes when that text is the file. With QUINTLINE_UPDATE_SCENARIOS
-// set it writes the new text back instead, for review as a diff.
+// steps, several to a line when joined by " ; "; under each line, indented, stand
+// the requests its steps made to the windows and what they printed. The runner
+// replays the steps and writes that text anew, and the test passes when it is the
+// file. With QUINTLINE_UPDATE_SCENARIOS set it writes the text back, for review.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <optional>
 #include <regex>
 
 #include "boardfile/boardFile.h"
 #include "game/settings.h"
-#include "game/silentToolkit.h"
 #include "game/suggestionDepth.h"
 #include "harness/fakes.h"
 #include "harness/opening.h"
@@ -41,10 +39,22 @@ Words split(const std::string& line) {
             continue;
         }
         if (!inWord) words.emplace_back(), inWord = true;
-        if (ch == '"') quoted = !quoted;
-        else words.back() += ch;
+        if (ch == '"')
+            quoted = !quoted;
+        else
+            words.back() += ch;
     }
     return words;
+}
+
+Point point(const std::string& text) {  // "x,y"
+    Point p;
+    std::sscanf(text.c_str(), "%hd,%hd", &p.x, &p.y);
+    return p;
+}
+
+std::string text(Point p) {
+    return std::to_string(p.x) + "," + std::to_string(p.y);
 }
 
 // Searches that choose a fixed point and score, moving stepNum as real searches do.
@@ -87,53 +97,46 @@ std::vector<Point> fullBoard() {
     return order;
 }
 
-Point point(const std::string& text) {  // "x,y"
-    Point p;
-    std::sscanf(text.c_str(), "%hd,%hd", &p.x, &p.y);
-    return p;
-}
-
-std::string unescape(std::string text) {  // \r and \n
-    for (const auto& [from, to] : {std::pair("\\r", "\r"), {"\\n", "\n"}})
-        for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, 2, to);
-    return text;
-}
-
 class Runner {
   public:
-    // The text the scenario's steps write.
     std::string run(std::istream& in) {
-        std::string line, text;
+        std::string line, all;
         while (std::getline(in, line)) {
-            if (line.starts_with("  ")) continue;
-            const Words w = split(line);
-            if (w.empty() || w[0] == "#") {
-                text += line + "\n";
-                continue;
+            if (line.starts_with("  ")) continue;  // what the steps wrote last time
+            std::string steps;
+            for (std::size_t from = 0, to = 0; from < line.size() && line[0] != '#';
+                 from = to + 3) {
+                to = std::min(line.find(" ; ", from), line.size());
+                steps += (from ? " ; " : "") + step(split(line.substr(from, to - from)));
+                flush();
             }
-            toolkit_.forget();
-            printed_.clear();
-            text += step(w, line) + "\n";
-            for (const std::string& l : toolkit_.lines) {
-                if (!hidden(l)) text += "  " + l + "\n";
-                const Words c = split(l);  // the last caption of each control, for `shown`
-                if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
-            }
-            for (const std::string& l : printed_) text += "  " + l + "\n";
+            all += (line.empty() || line[0] == '#' ? line : steps) + "\n";
+            for (const std::string& l : out_) all += "  " + l + "\n";
+            out_.clear();
         }
-        return text;
+        return all;
     }
 
   private:
     GameState& s() { return game_->state(); }
-    bool hidden(const std::string& line) const {
-        for (const std::string& prefix : hide_)
-            if (line.starts_with(prefix)) return true;
-        return false;
+
+    // Moves the requests recorded so far to the output, less those hidden.
+    void flush() {
+        for (const std::string& l : toolkit_.lines) {
+            if (std::none_of(hide_.begin(), hide_.end(), [&](auto& p) { return l.starts_with(p); }))
+                out_.push_back(l);
+            const Words c = split(l);  // the last caption of each control, for `shown`
+            if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
+        }
+        toolkit_.forget();
+    }
+    void print(const std::string& l) {
+        flush();
+        out_.push_back(l);
     }
 
-    // The named value of the game state as text; set from `value` first if given.
-    std::string field(const std::string& name, const std::string* value = nullptr) {
+    // The named value of the game state as text, set from `value` first if given.
+    std::string field(const std::string& name, const std::string* value) {
         static const std::map<std::string, std::int16_t GameState::*> numbers{
             {"stepNum", &GameState::stepNum},       {"ahead", &GameState::movesAhead},
             {"result", &GameState::gameResult},     {"click", &GameState::clickAllowed},
@@ -143,20 +146,20 @@ class Runner {
             {"cellSize", &GameState::cellSize},     {"suggestion", &GameState::suggestionOn},
             {"blackSide", &GameState::blackSide},   {"whiteSide", &GameState::whiteSide}};
         if (name == "title" || name == "path") {
-            std::string& text = name == "title" ? s().windowTitle : s().boardFilePath;
-            if (value) text = *value;
-            return '"' + text + '"';
+            std::string& t = name == "title" ? s().windowTitle : s().boardFilePath;
+            if (value) t = *value;
+            return '"' + t + '"';
         }
+        const auto index = [&](std::size_t prefix) { return std::stoul(name.substr(prefix)); };
         if (name.starts_with("record")) {  // record<N>=colour,x,y
-            MoveRecordEntry& m = s().moveRecord.at(std::stoul(name.substr(6)));
+            MoveRecordEntry& m = s().moveRecord.at(index(6));
             if (value) std::sscanf(value->c_str(), "%hd,%hd,%hd", &m.colour, &m.x, &m.y);
-            return std::to_string(m.colour) + "," + std::to_string(m.x) + "," +
-                   std::to_string(m.y);
+            return std::to_string(m.colour) + "," + text(Point{m.x, m.y});
         }
         if (name.starts_with("best")) {  // best<N>=x,y: the point chosen at N stones
-            const std::size_t n = std::stoul(name.substr(4));
-            if (value) std::tie(s().bestX.at(n), s().bestY.at(n)) = std::pair(point(*value).x, point(*value).y);
-            return std::to_string(s().bestX.at(n)) + "," + std::to_string(s().bestY.at(n));
+            const std::size_t n = index(4);
+            if (value) s().bestX.at(n) = point(*value).x, s().bestY.at(n) = point(*value).y;
+            return text(Point{s().bestX.at(n), s().bestY.at(n)});
         }
         if (name.starts_with("at")) {  // at<x>,<y>: the board point
             const Point p = point(name.substr(2));
@@ -167,20 +170,24 @@ class Runner {
         return std::to_string(number);
     }
 
-    // Runs one step and gives its line as it should read.
-    std::string step(const Words& w, std::string line) {
-        const std::string& c = w[0];
+    // Runs one step and gives it back as it should read.
+    std::string step(const Words& w) {
+        const std::string& c = w.at(0);
+        std::string line = c;
+        for (std::size_t i = 1; i < w.size(); ++i)
+            line += " " + (w[i].find_first_of(" ") != std::string::npos || w[i].empty()
+                               ? '"' + w[i] + '"'
+                               : w[i]);
         const auto arg = [&](std::size_t i) { return std::int16_t(std::stoi(w.at(i))); };
-        if (c == "game") {  // game <searches> [black] [silent]: as the main window opens one
-            game_.emplace(w.size() > 3 ? static_cast<Toolkit&>(silent_) : toolkit_,
-                          searchSets.at(w.at(1)));
+        if (c == "game") {  // game <searches> [black]: as the main window opens one
+            game_.emplace(toolkit_, searchSets.at(w.at(1)));
             game_->startSession();
-            s().userColour = w.size() > 2 && w[2] == "black" ? black : white;
+            s().userColour = w.size() > 2 ? black : white;
             game_->newGame();
             toolkit_.forget();
-        } else if (c == "start") {  // start [boardWidth depthBox0 depthBox1]
-            if (w.size() > 1) toolkit_.width = std::stod(w[1]);
-            if (w.size() > 1) toolkit_.depthTexts[0] = w.at(2), toolkit_.depthTexts[1] = w.at(3);
+        } else if (c == "start") {  // start [<board width> <depth box 0> <depth box 1>]
+            if (w.size() > 3) toolkit_.width = std::stod(w[1]);
+            if (w.size() > 3) toolkit_.depthTexts[0] = w[2], toolkit_.depthTexts[1] = w[3];
             game_->startSession();
         } else if (c == "new") {
             game_->newGame();
@@ -189,96 +196,96 @@ class Runner {
             for (std::size_t i = 1; i < w.size(); ++i) {
                 const std::size_t eq = w[i].find('=');
                 const std::string name = w[i].substr(0, eq), value = w[i].substr(eq + 1);
-                const std::string now = field(name, c == "set" ? &value : nullptr);
-                line += " " + name + "=" + now;
+                line += " " + name + "=" + field(name, c == "set" ? &value : nullptr);
             }
         } else if (c == "lay") {  // lay full <stones> | lay x,y ...: colours alternating
             std::vector<Point> order;
             if (w.at(1) == "full") order = fullBoard(), order.resize(std::stoul(w.at(2)));
             if (w[1] == "full") order.erase(order.begin(), order.begin() + s().stepNum);
-            for (std::size_t i = 1; i < w.size() && w[1] != "full"; ++i) order.push_back(point(w[i]));
+            for (std::size_t i = 1; i < w.size() && w[1] != "full"; ++i)
+                order.push_back(point(w[i]));
             for (const Point p : order)
                 game_->Putchess(p.x, p.y, sideToMove(std::int16_t(s().stepNum + 1)));
             toolkit_.forget();
-        } else if (c == "click") {  // the middle of the cell
-            const float cell = s().cellSize;
-            game_->boardMouseDown((arg(1) - 0.5f) * cell, (arg(2) - 0.5f) * cell);
-        } else if (c == "mouse") {  // twips
+        } else if (c == "click") {  // click x,y ...: the middle of each cell
+            for (std::size_t i = 1; i < w.size(); ++i)
+                game_->boardMouseDown((point(w[i]).x - 0.5f) * s().cellSize,
+                                      (point(w[i]).y - 0.5f) * s().cellSize);
+        } else if (c == "mouse") {  // mouse X Y: in twips
             game_->boardMouseDown(std::stof(w.at(1)), std::stof(w.at(2)));
-        } else if (c == "back") {
-            game_->cmdBackClick();
-        } else if (c == "forward") {
-            game_->cmdForwClick();
-        } else if (c == "back-end") {
-            game_->backwardEndClick();
-        } else if (c == "forward-end") {
-            game_->cmdForwardEndClick();
+        } else if (c == "back" || c == "forward" || c == "back-end" || c == "forward-end") {
+            void (Game::*const buttons[])() = {&Game::cmdBackClick, &Game::cmdForwClick,
+                                               &Game::backwardEndClick, &Game::cmdForwardEndClick};
+            const Words names{"back", "forward", "back-end", "forward-end"};
+            ((*game_).*buttons[std::find(names.begin(), names.end(), c) - names.begin()])();
         } else if (c == "suggest") {
             game_->toggleSuggestion();
         } else if (c == "show-suggestion") {
             game_->showSuggestion();
         } else if (c == "computer-game") {
             game_->computerGame();
-        } else if (c == "move") {  // move <kind>
+        } else if (c == "move") {  // move <player kind>
             game_->computerMove(arg(1));
-        } else if (c == "settings") {  // settings <black> <white> <box0> <box1> [situation]
-            const std::map<std::string, Situation> situations{{"A-knows-B", Situation::aKnowsB},
-                                                              {"B-knows-A", Situation::bKnowsA}};
-            const auto it = situations.find(w.size() > 5 ? w[5] : "");
-            const SettingsValues v{w.at(1), w.at(2), {w.at(3), w.at(4)},
-                                   it == situations.end() ? Situation::knowNothing : it->second};
-            int closed = 0;
-            const bool accepted = acceptSettings(*game_, v, [&] {
-                toolkit_.lines.push_back((closed++ ? "closed again at " : "closed at ") +
-                                         std::to_string(s().stepNum));
-            });
-            if (!accepted) printed_.push_back("refused");
+        } else if (c == "settings") {  // settings <black> <white> <box 0> <box 1> [<option>]
+            const Words options{"", "A-knows-B", "B-knows-A"};
+            const auto option = std::find(options.begin(), options.end(), w.size() > 5 ? w[5] : "");
+            const SettingsValues v{
+                w.at(1), w.at(2), {w.at(3), w.at(4)}, Situation(option - options.begin())};
+            if (!acceptSettings(*game_, v, [&] { print("closed at " + field("stepNum", {})); }))
+                print("refused");
         } else if (c == "fill") {
             SettingsValues v{"-", "-", {"", ""}, Situation::aKnowsB};
             fillSettings(*game_, v);
-            printed_.push_back("rows " + v.blackRow + " / " + v.whiteRow + " option " +
-                               std::to_string(int(v.situation)) + " boxes \"" + v.depthBox[0] +
-                               "\" \"" + v.depthBox[1] + '"');
+            print("rows " + v.blackRow + " / " + v.whiteRow + ", option " +
+                  std::to_string(int(v.situation)) + ", boxes \"" + v.depthBox[0] + "\"");
         } else if (c == "depths") {  // what each text gives as a depth, "-" for none
-            std::string out;
+            std::string out = "gives";
             for (std::size_t i = 1; i < w.size(); ++i) {
                 const auto depth = depthFromText(w[i]);
-                out += (i > 1 ? " " : "") + (depth ? std::to_string(*depth) : "-");
+                out += " " + (depth ? std::to_string(*depth) : "-");
             }
-            printed_.push_back(out);
-        } else if (c == "suggestion-depths") {  // stone counts by depth, in runs
-            std::string out;
+            print(out);
+        } else if (c == "suggestion-depths") {  // stone count: depth, where it changes
+            std::string out = "from";
             for (int n = 0; n <= maxStones; ++n) {
                 const int d = suggestionDepth(std::int16_t(n));
                 if (n == 0 || d != suggestionDepth(std::int16_t(n - 1)))
-                    out += (n ? " " : "") + std::to_string(n) + ":" + std::to_string(d);
+                    out += " " + std::to_string(n) + ":" + std::to_string(d);
             }
-            printed_.push_back(out);
-        } else if (c == "answer") {
-            toolkit_.answers.push_back(w.at(1) == "cancel" ? MessageAnswer::cancel
-                                                           : MessageAnswer::ok);
+            print(out);
+        } else if (c == "answer") {  // answer cancel: for the next message box
+            toolkit_.answers.push_back(MessageAnswer::cancel);
         } else if (c == "save" || c == "read") {
             s().boardFilePath = w.at(1);
             c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
-        } else if (c == "write") {  // write <file> <text with \r and \n>
-            writeBytes(w.at(1), unescape(line.substr(line.find(w[1]) + w[1].size() + 1)));
+        } else if (c == "write") {  // write <file> <text>: \r, \n and \q for CR, LF and "
+            std::string bytes = w.at(2);
+            for (const auto& [from, to] : {std::pair("\\r", "\r"), {"\\n", "\n"}, {"\\q", "\""}})
+                for (std::size_t at; (at = bytes.find(from)) != std::string::npos;)
+                    bytes.replace(at, 2, to);
+            writeBytes(w[1], bytes);
         } else if (c == "mkdir" || c == "remove") {
-            c == "mkdir" ? std::filesystem::create_directory(w.at(1)) : std::filesystem::remove(w.at(1));
-        } else if (c == "shown") {  // the last caption of each control named
-            for (std::size_t i = 1; i < w.size(); ++i) printed_.push_back(w[i] + "=" + captions_[w[i]]);
-        } else if (c == "cat") {  // a text file's lines; "<no CR>" where a line lacks it
-            if (!std::filesystem::exists(w.at(1))) printed_.push_back("(no such file)");
+            c == "mkdir" ? std::filesystem::create_directory(w.at(1))
+                         : std::filesystem::remove(w.at(1));
+        } else if (c == "cat") {  // cat <file> [masked]: its lines, which must end in CR LF
             std::istringstream bytes(readBytes(w.at(1)));
+            if (!std::filesystem::exists(w[1])) print("(no such file)");
             for (std::string l; std::getline(bytes, l);) {
                 if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9][0-9.]*"), "#");
-                printed_.push_back(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1)
-                                                     : "|" + l + " <no CR>");
+                print(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1) : "|" + l + " <no CR>");
             }
-        } else if (c == "uniform") {
+        } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
+            const bool same = w.size() > 2 ? readBytes(w[1]) == readBytes(w[2])
+                                           : std::memcmp(&snapshots_.at(w.at(1)), &s().position,
+                                                         sizeof(Position)) == 0;
+            line += same ? "" : " (differs)";
+        } else if (c == "snap") {
+            snapshots_[w.at(1)] = s().position;
+        } else if (c == "uniform") {  // the numbers the openings are drawn from
             std::deque<double> numbers;
             for (std::size_t i = 1; i < w.size(); ++i) numbers.push_back(std::stod(w[i]));
             uniform_ = ScriptedUniform(numbers);
-        } else if (c == "clock") {  // clock <time> <seconds> ...
+        } else if (c == "clock") {  // clock <time> <seconds since midnight> ...
             std::deque<std::string> times;
             std::deque<float> readings;
             for (std::size_t i = 1; i + 1 < w.size(); i += 2)
@@ -286,9 +293,12 @@ class Runner {
             clock_ = ScriptedClock(times, readings);
         } else if (c == "tournament") {  // tournament <cycles> [menu]
             s().cycleCount = arg(1);
-            w.size() > 2 ? runTournament(*game_)
-                         : runTournament(*game_, uniform_, clock_, "result.txt");
-            if (w.size() == 2) printed_.push_back("numbers drawn " + std::to_string(uniform_.drawn()));
+            if (w.size() > 2) {
+                runTournament(*game_);
+            } else {
+                runTournament(*game_, uniform_, clock_, "result.txt");
+                print("numbers drawn " + std::to_string(uniform_.drawn()));
+            }
         } else if (c == "suite") {  // suite <list> | suite menu
             w.at(1) == "menu" ? runTestSuite(*game_)
                               : runTestSuite(*game_, clock_, w[1], "result.txt");
@@ -299,23 +309,15 @@ class Runner {
                 for (const Point& p : drawOpening(uniform).stones) ++hits[{p.x, p.y}];
             const auto [least, most] = std::minmax_element(
                 hits.begin(), hits.end(), [](auto& a, auto& b) { return a.second < b.second; });
-            printed_.push_back(std::to_string(hits.size()) + " points, " +
-                               std::to_string(least->second) + " to " +
-                               std::to_string(most->second) + " hits");
-        } else if (c == "snap") {
-            snapshots_[w.at(1)] = s().position;
-        } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
-            const bool same = w.size() > 2 ? readBytes(w[1]) == readBytes(w[2])
-                                           : std::memcmp(&snapshots_.at(w.at(1)), &s().position,
-                                                         sizeof(Position)) == 0;
-            line = line + (same ? "" : " (differs)");
-        } else if (c == "hide") {  // hide <prefix>, <prefix>: requests left out from here on
+            print(std::to_string(hits.size()) + " points, " + std::to_string(least->second) +
+                  " to " + std::to_string(most->second) + " hits");
+        } else if (c == "shown") {  // the last caption of each control named
+            for (std::size_t i = 1; i < w.size(); ++i) print(w[i] + "=" + captions_[w[i]]);
+        } else if (c == "hide") {  // hide <prefix>, ...: requests left out from here on; * all
             hide_.clear();
             std::istringstream list(line.substr(4));
-            for (std::string prefix; std::getline(list, prefix, ',');)
-                if (prefix.find_first_not_of(' ') != std::string::npos)
-                    hide_.push_back(prefix.substr(prefix.find_first_not_of(' ')));
-            if (hide_.size() == 1 && hide_[0] == "*") hide_[0] = "";  // everything
+            for (std::string prefix; std::getline(list >> std::ws, prefix, ',');)
+                hide_.push_back(prefix == "*" ? "" : prefix);
         } else {
             ADD_FAILURE() << "unknown step: " << line;
         }
@@ -323,11 +325,9 @@ class Runner {
     }
 
     RecordingToolkit toolkit_;
-    SilentToolkit silent_;
     std::optional<Game> game_;
-    Words hide_;
+    Words hide_, out_;
     std::map<std::string, std::string> captions_;
-    Words printed_;
     std::map<std::string, Position> snapshots_{{"empty", Position{}}};
     ScriptedUniform uniform_{{}};
     ScriptedClock clock_{{}, {}};
@@ -351,7 +351,7 @@ TEST_P(Scenario, ReplaysAsWritten) {
     std::istringstream in(expected);
     std::string actual;
     {
-        ScratchDirectory dir(true);  // files the steps name live here
+        ScratchDirectory dir(true);  // the files the steps name live here
         actual = Runner().run(in);
     }
     if (std::getenv("QUINTLINE_UPDATE_SCENARIOS")) writeBytes(file, actual);
