@@ -107,7 +107,7 @@ class Runner {
             for (std::size_t from = 0, to = 0; from < line.size() && line[0] != '#';
                  from = to + 3) {
                 to = std::min(line.find(" ; ", from), line.size());
-                steps += (from ? " ; " : "") + step(split(line.substr(from, to - from)));
+                steps += (from ? " ; " : "") + step(line.substr(from, to - from));
                 flush();
             }
             all += (line.empty() || line[0] == '#' ? line : steps) + "\n";
@@ -145,10 +145,9 @@ class Runner {
             {"depthA", &GameState::depthA},         {"depthB", &GameState::depthB},
             {"cellSize", &GameState::cellSize},     {"suggestion", &GameState::suggestionOn},
             {"blackSide", &GameState::blackSide},   {"whiteSide", &GameState::whiteSide}};
-        if (name == "title" || name == "path") {
-            std::string& t = name == "title" ? s().windowTitle : s().boardFilePath;
-            if (value) t = *value;
-            return '"' + t + '"';
+        if (name == "path") {
+            if (value) s().boardFilePath = *value;
+            return '"' + s().boardFilePath + '"';
         }
         const auto index = [&](std::size_t prefix) { return std::stoul(name.substr(prefix)); };
         if (name.starts_with("record")) {  // record<N>=colour,x,y
@@ -171,13 +170,9 @@ class Runner {
     }
 
     // Runs one step and gives it back as it should read.
-    std::string step(const Words& w) {
+    std::string step(std::string line) {
+        const Words w = split(line);
         const std::string& c = w.at(0);
-        std::string line = c;
-        for (std::size_t i = 1; i < w.size(); ++i)
-            line += " " + (w[i].find_first_of(" ") != std::string::npos || w[i].empty()
-                               ? '"' + w[i] + '"'
-                               : w[i]);
         const auto arg = [&](std::size_t i) { return std::int16_t(std::stoi(w.at(i))); };
         if (c == "game") {  // game <searches> [black]: as the main window opens one
             game_.emplace(toolkit_, searchSets.at(w.at(1)));
