@@ -354,11 +354,7 @@ TEST_P(Scenario, ReplaysAsWritten) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, Scenario, ::testing::ValuesIn(scenarioNames()),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             std::erase(name, '-');
-                             return name;
-                         });
+                         [](const auto& info) { return info.param; });
 
 }  // namespace
 }  // namespace quintline::testing
