@@ -1,6 +1,5 @@
 #pragma once
-// A scripted clock and scripted random numbers for batch tests: each gives its
-// script in order, then "??:??:??" and 0.
+// Scripted clock and random numbers for batch tests.
 
 #include <deque>
 #include <string>
@@ -11,22 +10,22 @@
 
 namespace quintline::testing {
 
-template <typename T>
-T takeFront(std::deque<T>& queue, T fallback) {
-    if (queue.empty()) return fallback;
-    T value = std::move(queue.front());
-    queue.pop_front();
-    return value;
-}
-
+// Gives the scripted texts and readings in order, then "??:??:??" and 0.
 class ScriptedClock final : public Clock {
   public:
     ScriptedClock(std::deque<std::string> times, std::deque<float> readings)
         : times_(std::move(times)), readings_(std::move(readings)) {}
-    std::string timeOfDay() override { return takeFront(times_, std::string("??:??:??")); }
-    float secondsSinceMidnight() override { return takeFront(readings_, 0.0f); }
+    std::string timeOfDay() override { return take(times_, std::string("??:??:??")); }
+    float secondsSinceMidnight() override { return take(readings_, 0.0f); }
 
   private:
+    template <typename T>
+    static T take(std::deque<T>& queue, T fallback) {
+        if (queue.empty()) return fallback;
+        T value = queue.front();
+        queue.pop_front();
+        return value;
+    }
     std::deque<std::string> times_;
     std::deque<float> readings_;
 };
@@ -36,7 +35,10 @@ class ScriptedUniform final : public UniformSource {
     explicit ScriptedUniform(std::deque<double> values) : values_(std::move(values)) {}
     double next() override {
         ++drawn_;
-        return takeFront(values_, 0.0);
+        if (values_.empty()) return 0.0;
+        const double v = values_.front();
+        values_.pop_front();
+        return v;
     }
     int drawn() const { return drawn_; }
 

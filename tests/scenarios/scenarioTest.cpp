@@ -17,7 +17,6 @@
 #include "game/settings.h"
 #include "game/suggestionDepth.h"
 #include "harness/fakes.h"
-#include "harness/opening.h"
 #include "harness/testSuite.h"
 #include "harness/tournament.h"
 #include "support/recordingToolkit.h"
@@ -297,15 +296,6 @@ class Runner {
         } else if (c == "suite") {  // suite <list> | suite menu
             w.at(1) == "menu" ? runTestSuite(*game_)
                               : runTestSuite(*game_, clock_, w[1], "result.txt");
-        } else if (c == "seeded") {  // seeded <seed> <openings>: how evenly the points come
-            SeededUniform uniform(std::stoull(w.at(1)));
-            std::map<std::pair<int, int>, int> hits;
-            for (int i = 0; i < std::stoi(w.at(2)); ++i)
-                for (const Point& p : drawOpening(uniform).stones) ++hits[{p.x, p.y}];
-            const auto [least, most] = std::minmax_element(
-                hits.begin(), hits.end(), [](auto& a, auto& b) { return a.second < b.second; });
-            print(std::to_string(hits.size()) + " points, " + std::to_string(least->second) +
-                  " to " + std::to_string(most->second) + " hits");
         } else if (c == "shown") {  // the last caption of each control named
             for (std::size_t i = 1; i < w.size(); ++i) print(w[i] + "=" + captions_[w[i]]);
         } else if (c == "hide") {  // hide <prefix>, ...: requests left out from here on; * all

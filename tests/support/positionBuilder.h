@@ -1,7 +1,9 @@
 #pragma once
-// A stone of a test position.
+// Builds search states from lists of stones for tests.
 
-#include "position/types.h"
+#include <initializer_list>
+
+#include "players/searchState.h"
 
 namespace quintline::testing {
 
@@ -10,5 +12,18 @@ struct Stone {
     int y;
     Side side;
 };
+
+inline void putStones(SearchState& s, std::initializer_list<Stone> stones) {
+    for (const Stone& st : stones)
+        placeStone(s.position, static_cast<std::int16_t>(st.x), static_cast<std::int16_t>(st.y),
+                   st.side);
+}
+
+inline SearchState stateWith(std::initializer_list<Stone> blackAndWhite, std::int16_t step) {
+    SearchState s;
+    putStones(s, blackAndWhite);
+    s.stepNum = step;
+    return s;
+}
 
 }  // namespace quintline::testing
