@@ -1,5 +1,5 @@
-// Board files read into a game, refused or taken, and the number form they are
-// written in. Saving, reading and replaying whole games is a scenario.
+// Board files saved, read and replayed through a game, and the number form they
+// are written in.
 
 #include "boardfile/boardFile.h"
 #include "boardfile/numberForm.h"
@@ -17,6 +17,7 @@
 namespace quintline {
 namespace {
 
+using testing::readBytes;
 using testing::RecordingToolkit;
 using testing::ScratchDirectory;
 
