@@ -53,7 +53,7 @@ int finish(const BatchOutcome& outcome, Report& report, Console console) {
 }  // namespace
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
-    Report report(command.report, environment.clock);
+    Report report(command.run.report, environment.clock);
     // A fresh session's boardFilePath: empty.
     if (!report.open({})) {
         complain(console.err, reportNotStarted(report.file()));
@@ -66,8 +66,9 @@ int tournamentCommand(const TournamentCommand& command, Environment& environment
     SeededUniform uniform(seed);
     TournamentJobs jobs(command.cycles, uniform);
     MessageLog messages(console.err, console.progress);
-    const BatchOutcome outcome = playBatch(
-        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
+    const BatchOutcome outcome =
+        playBatch(jobs, report, settingsFor(command.run.jobs, environment, console),
+                  environment.stop, messages);
     return finish(outcome, report, console);
 }
 
@@ -78,15 +79,16 @@ int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, 
         complain(console.err, listNotStarted(fault));
         return exitRefused;
     }
-    Report report(command.report, environment.clock);
+    Report report(command.run.report, environment.clock);
     if (!report.open({})) {
         complain(console.err, reportNotStarted(report.file()));
         return exitRefused;
     }
     TestSuiteJobs jobs(list);
     MessageLog messages(console.err, console.progress);
-    const BatchOutcome outcome = playBatch(
-        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
+    const BatchOutcome outcome =
+        playBatch(jobs, report, settingsFor(command.run.jobs, environment, console),
+                  environment.stop, messages);
     return finish(outcome, report, console);
 }
 
@@ -111,8 +113,8 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
     struct Dispatch {
         Environment& environment;
         Console console;
-        int operator()(const HelpRequest&) const {
-            console.out << helpText();
+        int operator()(const HelpRequest& help) const {
+            console.out << help.text;
             return exitDone;
         }
         int operator()(const TournamentCommand& c) const {
