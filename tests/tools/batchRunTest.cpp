@@ -142,6 +142,40 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReportAndAgreeing
     EXPECT_EQ(outputs[0], outputs[1]);
 }
 
+TEST(BatchRun, AnSprtStopIsTheSameOnOneOrTwoThreadsAndKeepsWhatAShorterRunWrites) {
+    ScratchDirectory dir;
+    std::vector<std::string> kept;  // untimed report lines and CSV
+    std::vector<std::string> printed;
+    int played = 0;
+    for (unsigned jobs : {1u, 2u, 0u}) {  // 0: a plain run of the cycles the test kept
+        ScriptedClock clock = sameClock();
+        std::atomic<bool> stop{false};
+        Environment environment{clock, stop, shallowSearches()};
+        std::ostringstream out, err;
+        const auto name = (dir / ("jobs" + std::to_string(jobs))).string();
+        TournamentCommand command = tournament(jobs ? 40 : played, 11, std::max(jobs, 1u), name);
+        command.run.gamesCsv = name + ".csv";
+        command.run.summaryJson = name + ".json";
+        if (jobs) command.run.sprt = SprtOptions{5, 0, 50, 0.05, 0.05};
+        ASSERT_EQ(tournamentCommand(command, environment, {out, err}), exitDone) << err.str();
+        const auto summary = nlohmann::json::parse(readBytes(name + ".json"));
+        std::string lines;
+        for (const std::string& line : reportLines(name, true)) lines += line + '\n';
+        kept.push_back(lines + readBytes(name + ".csv"));
+        if (!jobs) break;
+        played = summary["run"]["played"];
+        printed.push_back(out.str());
+        const std::string verdict = summary["sprt"]["result"];
+        EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["sprt"]["result"].is_string()),
+                  std::tuple("sprt", true));
+        EXPECT_NE(out.str().find("\nSPRT: " + verdict + " accepted, LLR "), std::string::npos);
+        EXPECT_EQ(reportLines(name).size(), 5u + static_cast<std::size_t>(played));
+    }
+    EXPECT_LT(played, 40);
+    EXPECT_EQ(std::tuple(kept[0], printed[0]), std::tuple(kept[1], printed[1]));
+    EXPECT_EQ(kept[0], kept[2]);
+}
+
 TEST(BatchRun, WithoutASeedTheClockSeedIsPrintedAndRepeatsTheRun) {
     ScratchDirectory dir;
     ScriptedClock clock1 = sameClock(), clock2 = sameClock();
