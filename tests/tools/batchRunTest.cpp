@@ -166,6 +166,7 @@ TEST(BatchRun, AnSprtStopIsTheSameOnOneOrTwoThreadsAndKeepsWhatAShorterRunWrites
         played = summary["run"]["played"];
         printed.push_back(out.str());
         const std::string verdict = summary["sprt"]["result"];
+        EXPECT_EQ(verdict == "H1", summary["sprt"]["llr"] >= summary["sprt"]["upper"]);
         EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["sprt"]["result"].is_string()),
                   std::tuple("sprt", true));
         EXPECT_NE(out.str().find("\nSPRT: " + verdict + " accepted, LLR "), std::string::npos);
@@ -219,6 +220,10 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
          "quintline-batch: " + d + "nolist.txt can not be opened! Not started\n"},
         {"tournament --cycles 3 --report @", exitRefused, "",
          "quintline-batch: " + d + " can not be written! Not started\n"},
+        {"tournament --cycles 3 --report @never.txt --summary-json @no/s.json", exitRefused, "",
+         "quintline-batch: " + d + "no/s.json can not be written! Not started\n"},
+        {"testsuite --list @none.txt --report @never.txt --games-csv @no/g.csv", exitRefused, "",
+         "no/g.csv can not be written! Not started\n"},
         {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""}};
     for (const auto& [line, status, out, err] : rows) {
         SCOPED_TRACE(line);
