@@ -155,13 +155,12 @@ class BatchRun {
     }
 
     // Runs under the writer's lock, in run order.
-    bool write(const FinishedJob& job) {
-        if (outcome_.endedEarly) return false;
+    Handed write(const FinishedJob& job) {
         const FinishedCycle& cycle = job.cycle;
         outcome_.lastPath = cycle.boardFilePath;
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
-            return true;
+            return Handed::carryOn;
         }
         CycleResults results;
         for (std::size_t n = 0; n < results.size(); ++n) results[n] = cycle.games[n].group;
@@ -169,20 +168,23 @@ class BatchRun {
             messages_.line(reportStopped(report_.file()));
             outcome_.reportFailed = true;
             failed_ = true;
-            return false;
+            return Handed::refused;
         }
         countCredits(outcome_.credits, results);
         ++outcome_.lines;
-        const AfterCycle after =
-            settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn;
-        if (after == AfterCycle::outputFailed) {
-            outcome_.reportFailed = true;
-            failed_ = true;
-        } else if (after == AfterCycle::stop) {
-            outcome_.endedEarly = true;
-            ended_ = true;
+        switch (settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn) {
+            case AfterCycle::outputFailed:
+                outcome_.reportFailed = true;
+                failed_ = true;
+                return Handed::refused;
+            case AfterCycle::stop:
+                outcome_.endedEarly = true;
+                ended_ = true;
+                return Handed::last;
+            case AfterCycle::carryOn:
+                break;
         }
-        return after != AfterCycle::outputFailed;
+        return Handed::carryOn;
     }
 
     JobSource& source_;
