@@ -52,7 +52,7 @@ std::vector<std::vector<std::string>> fields(const std::string& text, char separ
 // report's game lines say, and the figures on pairs come from the games of
 // each cycle.
 void expectAgreement(const std::vector<std::string>& report, const std::string& csv,
-                     const nlohmann::json& summary, const std::string& table, int cycles,
+                     const nlohmann::json& summary, const std::string& table, std::size_t cycles,
                      std::uint64_t seed) {
     const auto rows = fields(csv, ',');
     const auto words = fields(table);
@@ -60,54 +60,46 @@ void expectAgreement(const std::vector<std::string>& report, const std::string& 
     EXPECT_EQ(csv.substr(0, gamesCsvHeader.size()), gamesCsvHeader);
     std::vector<std::array<std::size_t, 4>> counts(schedule.size());  // W, D, L, credits
     std::vector<Pentanomial> pentanomials(schedule.size() / 2);
-    std::vector<std::string> openings;  // the centre, then the seeded run's stones
     SeededUniform uniform(seed);
-    for (int c = 0; c < cycles; ++c) {
-        std::ostringstream opening;
+    for (std::size_t c = 0; c < cycles; ++c) {
+        std::ostringstream opening;  // the centre, then the seeded stones
         opening << "8.8";
         for (const Point& stone : drawOpening(uniform).stones)
             opening << '-' << stone.x << '.' << stone.y;
-        openings.push_back(opening.str());
-    }
-    for (int c = 0; c < cycles; ++c) {
         std::string line = " ";  // no board file path, then the groups
         std::vector<int> points;
         for (std::size_t n = 0; n < schedule.size(); ++n) {
-            const auto& row = rows[1 + static_cast<std::size_t>(c) * schedule.size() + n];
+            const auto& row = rows[1 + c * schedule.size() + n];
             const Pairing& p = schedule[n];
-            EXPECT_EQ(std::vector(row.begin(), row.begin() + 8),
-                      (std::vector<std::string>{std::to_string(c + 1), "", std::to_string(n + 1),
-                                                std::string(p.label), std::to_string(p.black),
-                                                std::to_string(p.white), std::to_string(p.depthA),
-                                                std::to_string(p.depthB)}));
-            EXPECT_EQ(row[11], openings[static_cast<std::size_t>(c)]);
+            std::ostringstream fixed;
+            fixed << c + 1 << ",," << n + 1 << ',' << p.label << ',' << p.black << ',' << p.white
+                  << ',' << p.depthA << ',' << p.depthB;
+            EXPECT_EQ(std::vector(row.begin(), row.begin() + 8), fields(fixed.str(), ',')[0]);
+            EXPECT_EQ(row[11], opening.str());
             line += row[10] + " " + row[9] + " ";
             const int result = std::stoi(row[8]);
             points.push_back(result == 0 ? 1 : isAFamily(result > 0 ? p.black : p.white) ? 2 : 0);
             ++counts[n][static_cast<std::size_t>(2 - points.back())];
             counts[n][3] += row[10] == "A";
         }
-        EXPECT_EQ(report[2 + static_cast<std::size_t>(c)], line);
+        EXPECT_EQ(report[2 + c], line);
         for (std::size_t k = 0; k < pentanomials.size(); ++k)
             ++pentanomials[k][static_cast<std::size_t>(points[2 * k] + points[2 * k + 1])];
     }
     for (std::size_t n = 0; n < schedule.size(); ++n) {
         const auto& j = summary["pairings"][n];
+        const auto& row = words[1 + n];
         const std::array<std::size_t, 4> json{j["aWins"], j["draws"], j["aLosses"], j["aCredits"]};
-        const std::array<std::size_t, 4> printed{
-            std::stoul(words[1 + n][6]), std::stoul(words[1 + n][7]), std::stoul(words[1 + n][8]),
-            std::stoul(words[1 + n][3])};
+        const std::array<std::size_t, 4> printed{std::stoul(row[6]), std::stoul(row[7]),
+                                                 std::stoul(row[8]), std::stoul(row[3])};
         EXPECT_EQ(std::tuple(json, printed), std::tuple(counts[n], counts[n])) << n;
     }
     for (std::size_t k = 0; k < pentanomials.size(); ++k) {
-        const auto& row = words[17 + k];
+        std::ostringstream printed;
+        for (std::size_t count : pentanomials[k]) printed << count << ' ';
         EXPECT_EQ(summary["pairs"][k]["pentanomial"].get<Pentanomial>(), pentanomials[k]);
-        EXPECT_EQ(
-            std::vector(row.end() - 5, row.end()),
-            fields(std::to_string(pentanomials[k][0]) + " " + std::to_string(pentanomials[k][1]) +
-                   " " + std::to_string(pentanomials[k][2]) + " " +
-                   std::to_string(pentanomials[k][3]) + " " +
-                   std::to_string(pentanomials[k][4]))[0]);
+        EXPECT_EQ(std::vector(words[17 + k].end() - 5, words[17 + k].end()),
+                  fields(printed.str())[0]);
     }
 }
 
