@@ -70,9 +70,9 @@ class TestSuiteJobs final : public JobSource {
 
 // A cycle or entry whose report line has just been written, in run order.
 struct FinishedCycle {
-    std::size_t number = 0;     // from 1 in run order, refused entries counted
-    std::string boardFilePath;  // the entry's path; empty in a tournament
-    bool tournament = true;
+    std::size_t number = 0;         // from 1 in run order, refused entries counted
+    std::string boardFilePath;      // the entry's path; empty in a tournament
+    bool tournament = true;         // false for a test-suite entry
     std::vector<PlayedGame> games;  // one per pairing, in pairing order
 };
 
