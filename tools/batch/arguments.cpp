@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::string_view help =
     R"(Usage:
-  quintline-batch tournament --cycles N [--seed S] [--jobs J] [--report PATH]
-  quintline-batch testsuite [--list PATH] [--jobs J] [--report PATH]
+  quintline-batch tournament --cycles N [--seed S] [--jobs J] [--report PATH] [--no-wait]
+  quintline-batch testsuite [--list PATH] [--jobs J] [--report PATH] [--no-wait]
   quintline-batch analyse BOARDFILE --kind K --depth D [--black K1 --white K2]
   quintline-batch --help
 
@@ -37,6 +37,8 @@ analyse      Replays all moves of BOARDFILE and runs the search of player
 Options:
   --jobs J     games run on J threads (1 to 256; default: all cores)
   --report P   the report file (default result.txt), appended to
+  --no-wait    refuse to start while another run appends to the report,
+               instead of waiting for it to finish
 
 The report is byte for byte what --jobs 1 writes, apart from the times: game
 lines are appended in cycle or entry order, each as soon as it and all before
@@ -44,7 +46,7 @@ it are complete. While stderr is a terminal, progress is shown there. At the
 end a table on stdout gives, for each pairing and each colour-swapped pair of
 pairings, the A family's share of the games with its 95% Wilson interval.
 
-Ctrl-C stops the run: no new cycle or entry starts, each thread finishes the
+Ctrl-C, SIGTERM and SIGHUP stop the run: no new cycle or entry starts, each thread finishes the
 game it is playing and leaves the rest of its cycle or entry unplayed. The
 report keeps the whole lines of the cycles or entries that finished without a
 gap before them (the lines a shorter run with the same seed would write), and
@@ -52,8 +54,12 @@ its summary, end and used lines count just those; the table on stdout does
 too. A second Ctrl-C ends the program at once, leaving only whole lines.
 
 Exit status: 0 done, 1 an input refused (nothing written to the report),
-2 a usage error, 130 stopped by Ctrl-C.
+2 a usage error, 128 + the signal's number when stopped by one (130 for
+Ctrl-C). A test-suite list with fewer entries than its count is played as far
+as it goes, and the run then ends with status 1.
 )";
+
+constexpr std::string_view noWaitFlag = "--no-wait";
 
 template <typename T>
 std::optional<T> wholeNumber(std::string_view text, T low, T high) {
@@ -91,6 +97,13 @@ std::optional<Words> splitWords(std::span<const std::string_view> args,
         if (!isKnown) {
             error = "unknown option " + std::string(name);
             return {};
+        }
+        if (name == noWaitFlag) {  // the one option without a value
+            if (value) {
+                error = "option " + std::string(name) + " takes no value";
+                return {};
+            }
+            value = "";
         }
         if (!value) {
             if (i + 1 >= args.size()) {
@@ -141,7 +154,7 @@ bool noPositional(const Words& words, std::string& error) {
 
 std::optional<Command> tournament(std::span<const std::string_view> rest, unsigned defaultJobs,
                                   std::string& error) {
-    constexpr std::string_view known[] = {"--cycles", "--seed", "--jobs", "--report"};
+    constexpr std::string_view known[] = {"--cycles", "--seed", "--jobs", "--report", noWaitFlag};
     const auto words = splitWords(rest, known, error);
     if (!words || !noPositional(*words, error)) return {};
     OptionReader options(*words);
@@ -158,13 +171,14 @@ std::optional<Command> tournament(std::span<const std::string_view> rest, unsign
     }
     command.cycles = *cycles;
     command.jobs = jobs.value_or(defaultJobs);
+    command.wait = !options.find(noWaitFlag);
     if (const std::string* report = options.find("--report")) command.report = *report;
     return command;
 }
 
 std::optional<Command> testSuite(std::span<const std::string_view> rest, unsigned defaultJobs,
                                  std::string& error) {
-    constexpr std::string_view known[] = {"--list", "--jobs", "--report"};
+    constexpr std::string_view known[] = {"--list", "--jobs", "--report", noWaitFlag};
     const auto words = splitWords(rest, known, error);
     if (!words || !noPositional(*words, error)) return {};
     OptionReader options(*words);
@@ -172,6 +186,7 @@ std::optional<Command> testSuite(std::span<const std::string_view> rest, unsigne
     std::optional<unsigned> jobs;
     if (!options.number("--jobs", 1u, maxJobs, jobs, error)) return {};
     command.jobs = jobs.value_or(defaultJobs);
+    command.wait = !options.find(noWaitFlag);
     if (const std::string* list = options.find("--list")) command.list = *list;
     if (const std::string* report = options.find("--report")) command.report = *report;
     return command;

@@ -22,12 +22,14 @@ struct TournamentCommand {
     std::optional<std::uint64_t> seed;  // from the clock when missing
     unsigned jobs = 1;
     std::string report = "result.txt";
+    bool wait = true;  // for another run that holds the report; refused with --no-wait
 };
 
 struct TestSuiteCommand {
     std::string list = "testsuit.txt";
     unsigned jobs = 1;
     std::string report = "result.txt";
+    bool wait = true;
 };
 
 struct AnalyseCommand {

@@ -65,6 +65,7 @@ class TestSuiteJobs final : public JobSource {
   private:
     TestSuiteList& list_;
     int given_ = 0;
+    std::string lastPath_;  // of the last entry whose path could be used
 };
 
 struct BatchSettings {

@@ -9,6 +9,7 @@
 #include "batch/summaryTable.h"
 #include "harness/batchMessages.h"
 #include "harness/report.h"
+#include "harness/reportLock.h"
 #include "harness/testSuiteList.h"
 
 namespace quintline::batch {
@@ -50,9 +51,40 @@ int finish(const BatchOutcome& outcome, Report& report, Console console) {
     return outcome.stopped ? exitStopped : exitDone;
 }
 
+// Takes the report's lock, waiting for another run to let go of it unless
+// told not to; exitDone when taken.
+int lockReport(ReportLock& lock, const std::string& report, bool wait,
+               const Environment& environment, Console console) {
+    using enum ReportLock::Outcome;
+    const ReportLock::Outcome outcome =
+        wait ? lock.take(report, environment.stop,
+                         [&] {
+                             complain(console.err,
+                                      "waiting for another run to finish with " + report);
+                         })
+             : lock.tryTake(report);
+    switch (outcome) {
+        case taken:
+            return exitDone;
+        case busy:
+            complain(console.err, reportBusy(report));
+            return exitRefused;
+        case cannotOpen:
+            complain(console.err, reportNotStarted(report));
+            return exitRefused;
+        case stopped:
+            complain(console.err, "stopped while waiting: nothing written");
+            return exitStopped;
+    }
+    return exitRefused;
+}
+
 }  // namespace
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
+    ReportLock lock;
+    if (const int status = lockReport(lock, command.report, command.wait, environment, console))
+        return status;
     Report report(command.report, environment.clock);
     // A fresh session's boardFilePath: empty.
     if (!report.open({})) {
@@ -78,6 +110,9 @@ int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, 
         complain(console.err, listNotStarted(fault));
         return exitRefused;
     }
+    ReportLock lock;
+    if (const int status = lockReport(lock, command.report, command.wait, environment, console))
+        return status;
     Report report(command.report, environment.clock);
     if (!report.open({})) {
         complain(console.err, reportNotStarted(report.file()));
@@ -87,7 +122,10 @@ int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, 
     MessageLog messages(console.err, console.progress);
     const BatchOutcome outcome = playBatch(
         jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
-    return finish(outcome, report, console);
+    const int status = finish(outcome, report, console);
+    if (status != exitDone || list.shortfall().empty()) return status;
+    complain(console.err, list.shortfall());
+    return exitRefused;
 }
 
 int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console) {
@@ -125,7 +163,13 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
             return analyseCommand(c, environment.searches, console);
         }
     };
-    return std::visit(Dispatch{environment, console}, *parsed.command);
+    const int status = std::visit(Dispatch{environment, console}, *parsed.command);
+    // Results that never reached stdout (a full disk, a closed pipe) are a failure.
+    if (status == exitDone && !console.out.flush()) {
+        complain(console.err, "the results could not be written to stdout");
+        return exitRefused;
+    }
+    return status;
 }
 
 }  // namespace quintline::batch
