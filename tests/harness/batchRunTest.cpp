@@ -1,13 +1,20 @@
 // Whole tournaments and test-suite runs with quick scripted searches, a
 // scripted clock and scripted random numbers, in a scratch current directory.
 
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <regex>
 
 #include "boardfile/boardFileFormat.h"
 #include "game/game.h"
 #include "harness/fakes.h"
+#include "harness/report.h"
+#include "harness/reportLock.h"
 #include "harness/schedule.h"
 #include "harness/testSuite.h"
 #include "harness/tournament.h"
@@ -165,10 +172,20 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
     runTestSuite(game);
     s.cycleCount = 1;
     runTournament(game);
+    {
+        std::filesystem::remove(dir / "result.txt");
+        ReportLock otherRun;
+        ASSERT_EQ(otherRun.tryTake("result.txt"), ReportLock::Outcome::taken);
+        runTournament(game);
+        EXPECT_TRUE(std::filesystem::is_empty(dir / "result.txt"));
+        std::filesystem::remove(dir / "result.txt");
+        std::filesystem::create_directory(dir / "result.txt");
+    }
     EXPECT_EQ(toolkit.messages(),
               (std::vector<std::string>{"testsuit.txt can not be opened! Not started",
                                         "result.txt can not be written! Not started",
-                                        "result.txt can not be written! Not started"}));
+                                        "result.txt can not be written! Not started",
+                                        "result.txt is in use by another run! Not started"}));
     EXPECT_EQ(std::tuple(s.stepNum, s.twoUsers), std::tuple(1, flagTrue));
 
     std::filesystem::remove(dir / "result.txt");
@@ -185,6 +202,48 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
     EXPECT_TRUE(std::regex_match(report(), twoBlocks)) << report();
     EXPECT_EQ(std::tuple(s.boardFilePath, s.stepNum, s.twoUsers, s.clickAllowed),
               std::tuple("kept.txt", 1, flagFalse, flagFalse));
+}
+
+// The three stretches of a block (head, a game line, tail) under a file-size
+// limit that falls inside each in turn: the file keeps the whole stretches
+// before it and nothing of the one cut short.
+TEST(Report, EachStretchIsAppendedWholeOrNotAtAll) {
+    ScratchDirectory dir;
+    const auto stretchesWritten = [](const std::filesystem::path& file) {
+        ScriptedClock clock({"10:00:00", "10:00:05"}, {36000.0f, 36004.5f});
+        Report report(file, clock);
+        CycleResults results{};
+        if (!report.open("entry.txt")) return 0;
+        if (!report.addGameLine("entry.txt", results)) return 1;
+        return report.close("entry.txt", CreditCounts{}) ? 3 : 2;
+    };
+    const std::string earlier = "an earlier run's line\r\n";
+    writeBytes(dir / "whole.txt", earlier);
+    ASSERT_EQ(stretchesWritten(dir / "whole.txt"), 3);
+    const std::string whole = readBytes(dir / "whole.txt");
+    std::vector<std::size_t> ends;  // of the earlier line and of each stretch
+    for (std::size_t lineEnds : {1, 3, 4, 7}) {
+        std::size_t at = 0;
+        for (std::size_t n = 0; n < lineEnds; ++n) at = whole.find('\n', at) + 1;
+        ends.push_back(at);
+    }
+    ASSERT_EQ(ends.back(), whole.size());
+    for (int stretch = 0; stretch < 3; ++stretch) {
+        const std::filesystem::path file = dir / ("cut" + std::to_string(stretch) + ".txt");
+        writeBytes(file, earlier);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            const rlim_t mid = (ends[stretch] + ends[stretch + 1]) / 2;
+            const rlimit limit{mid, mid};
+            std::signal(SIGXFSZ, SIG_IGN);
+            setrlimit(RLIMIT_FSIZE, &limit);
+            _exit(stretchesWritten(file));
+        }
+        int status = 0;
+        waitpid(pid, &status, 0);
+        EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, stretch);
+        EXPECT_EQ(readBytes(file), whole.substr(0, ends[stretch])) << stretch;
+    }
 }
 
 }  // namespace
