@@ -206,16 +206,18 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
 
 // The three stretches of a block (head, a game line, tail) under a file-size
 // limit that falls inside each in turn: the file keeps the whole stretches
-// before it and nothing of the one cut short.
+// before it and nothing of the one cut short. Lines end only where they should.
 TEST(Report, EachStretchIsAppendedWholeOrNotAtAll) {
     ScratchDirectory dir;
     const auto stretchesWritten = [](const std::filesystem::path& file) {
         ScriptedClock clock({"10:00:00", "10:00:05"}, {36000.0f, 36004.5f});
         Report report(file, clock);
         CycleResults results{};
-        if (!report.open("entry.txt")) return 0;
-        if (!report.addGameLine("entry.txt", results)) return 1;
-        return report.close("entry.txt", CreditCounts{}) ? 3 : 2;
+        // A line end in a path never reaches the file.
+        const std::string path = "entry\r\n.txt";
+        if (!report.open(path)) return 0;
+        if (!report.addGameLine(path, results)) return 1;
+        return report.close(path, CreditCounts{}) ? 3 : 2;
     };
     const std::string earlier = "an earlier run's line\r\n";
     writeBytes(dir / "whole.txt", earlier);
