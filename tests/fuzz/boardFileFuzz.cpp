@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <set>
 #include <sstream>
-#include <string>
 
 #include "boardfile/boardFileFormat.h"
 
@@ -18,17 +17,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (refusalMessage("f", read).find_first_of("\r\n") != std::string::npos) std::abort();
         return 0;
     }
-    const std::vector<MoveRecordEntry>& moves = read.file.moves;
     std::set<std::pair<int, int>> points;
     GameState state;
-    for (const MoveRecordEntry& m : moves) {
+    for (const MoveRecordEntry& m : read.file.moves) {
         if (!onBoard(m.x, m.y) || !points.insert({m.x, m.y}).second) std::abort();
         state.moveRecord[static_cast<std::size_t>(++state.stepNum)] = m;
     }
     state.userColour = read.file.userColour;
     std::istringstream saved(formatBoardFile(state));
     const BoardFileRead again = parseBoardFile(saved);
-    if (again.fault != BoardFileFault::none || again.file.moves != moves ||
+    if (again.fault != BoardFileFault::none || again.file.moves != read.file.moves ||
         again.file.userColour != read.file.userColour)
         std::abort();
     return 0;

@@ -140,17 +140,18 @@ TEST(Program, ASecondRunOnAReportWaitsForTheFirstOrWithNoWaitIsRefused) {
     std::optional<ReportLock> firstRun(std::in_place);
     ASSERT_EQ(firstRun->tryTake(dir / "result.txt"), ReportLock::Outcome::taken);
     const Finished refused = run({"testsuite", "--no-wait"}, dir.path());
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(refused.err, "quintline-batch: result.txt is in use by another run! Not started\n");
-    EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
+    EXPECT_EQ(std::tuple(refused.status, refused.err, readBytes(dir / "result.txt")),
+              std::tuple(1, "quintline-batch: result.txt is in use by another run! Not started\n",
+                         "first run\r\n"));
     std::filesystem::remove(dir / "stderr.log");
     const Finished waited = run({"testsuite"}, dir.path(), [&](pid_t) {
         waitFor([&] { return !readBytes(dir / "stderr.log").empty(); });
         EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
         firstRun.reset();
     });
-    EXPECT_EQ(waited.status, 0);
-    EXPECT_EQ(waited.err, "quintline-batch: waiting for another run to finish with result.txt\n");
+    EXPECT_EQ(
+        std::tuple(waited.status, waited.err),
+        std::tuple(0, "quintline-batch: waiting for another run to finish with result.txt\n"));
     EXPECT_EQ(reportLines(dir / "result.txt").size(), 7u);
 }
 
