@@ -173,7 +173,7 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
     std::filesystem::remove(dir / "result.txt");
     std::filesystem::create_directory(dir / "result.txt");
     runTestSuite(game);  // no list yet
-    writeBytes(dir / "testsuit.txt", "0\r\nnever.txt\r\n");
+    writeBytes(dir / "testsuit.txt", "1\r\n");  // one entry promised, none given
     runTestSuite(game);
     s.cycleCount = 1;
     runTournament(game);
@@ -196,6 +196,7 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
     const std::string zero = " 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 \\r\\n";
     const std::regex twoBlocks(head + zero + tail + head + zero + tail);
     EXPECT_TRUE(std::regex_match(report(), twoBlocks)) << report();
+    EXPECT_EQ(toolkit.messages().back(), "testsuit.txt ends early: 1 of 1 entries missing");
     EXPECT_EQ(std::tuple(s.boardFilePath, s.stepNum, s.twoUsers, s.clickAllowed),
               std::tuple("kept.txt", 1, flagFalse, flagFalse));
 }

@@ -46,12 +46,14 @@ it are complete. While stderr is a terminal, progress is shown there. At the
 end a table on stdout gives, for each pairing and each colour-swapped pair of
 pairings, the A family's share of the games with its 95% Wilson interval.
 
-Ctrl-C, SIGTERM and SIGHUP stop the run: no new cycle or entry starts, each thread finishes the
-game it is playing and leaves the rest of its cycle or entry unplayed. The
-report keeps the whole lines of the cycles or entries that finished without a
+Ctrl-C, SIGTERM and SIGHUP stop the run: no new cycle or entry starts, each
+thread finishes the game it is playing and leaves the rest of its cycle or
+entry unplayed. The report keeps the whole lines of the cycles or entries that finished without a
 gap before them (the lines a shorter run with the same seed would write), and
 its summary, end and used lines count just those; the table on stdout does
-too. A second Ctrl-C ends the program at once, leaving only whole lines.
+too. A second signal of the same kind ends the program at once, leaving only
+whole lines. One run at a time appends to a report: a second one waits for the
+first to finish, or with --no-wait is refused.
 
 Exit status: 0 done, 1 an input refused (nothing written to the report),
 2 a usage error, 128 + the signal's number when stopped by one (130 for
