@@ -17,6 +17,7 @@
 #include "game/settings.h"
 #include "game/suggestionDepth.h"
 #include "harness/fakes.h"
+#include "harness/reportLock.h"
 #include "harness/testSuite.h"
 #include "harness/tournament.h"
 #include "support/recordingToolkit.h"
@@ -261,6 +262,11 @@ class Runner {
         } else if (c == "mkdir" || c == "remove") {
             c == "mkdir" ? std::filesystem::create_directory(w.at(1))
                          : std::filesystem::remove(w.at(1));
+        } else if (c == "lock") {  // lock <report>: as another run holds it; unlock ends that
+            otherRun_.emplace();
+            line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";
+        } else if (c == "unlock") {
+            otherRun_.reset();
         } else if (c == "cat") {  // cat <file> [masked]: its lines, which must end in CR LF
             std::istringstream bytes(readBytes(w.at(1)));
             if (!std::filesystem::exists(w[1])) print("(no such file)");
@@ -314,6 +320,7 @@ class Runner {
     Words hide_, out_;
     std::map<std::string, std::string> captions_;
     std::map<std::string, Position> snapshots_{{"empty", Position{}}};
+    std::optional<ReportLock> otherRun_;
     ScriptedUniform uniform_{{}};
     ScriptedClock clock_{{}, {}};
 };

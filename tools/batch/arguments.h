@@ -38,6 +38,7 @@ struct RunOptions {
     std::string gamesCsv;     // none when empty
     std::string summaryJson;  // none when empty
     std::optional<SprtOptions> sprt;
+    bool wait = true;  // for another run that holds the report; refused with --no-wait
 };
 
 struct TournamentCommand {

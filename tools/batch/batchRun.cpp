@@ -23,11 +23,17 @@ std::optional<BatchJob> TournamentJobs::next() {
 }
 
 std::optional<BatchJob> TestSuiteJobs::next() {
-    std::optional<std::string> path = list_.nextEntry();
-    if (!path) return std::nullopt;
+    std::optional<ListEntry> entry = list_.nextEntry();
+    if (!entry) return std::nullopt;
     ++given_;
     BatchJob job;
-    job.boardFilePath = std::move(*path);
+    if (!entry->refusal.empty()) {
+        // The report goes on naming the entry before this one.
+        job.boardFilePath = lastPath_;
+        job.refusal = "entry " + std::to_string(given_) + " skipped: " + entry->refusal;
+        return job;
+    }
+    job.boardFilePath = lastPath_ = std::move(entry->path);
     BoardFileRead read = loadBoardFile(job.boardFilePath);
     if (read.fault == BoardFileFault::none)
         job.start = std::move(read.file);

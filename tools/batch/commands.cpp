@@ -11,6 +11,7 @@
 #include "batch/summaryTable.h"
 #include "harness/batchMessages.h"
 #include "harness/report.h"
+#include "harness/reportLock.h"
 #include "harness/testSuiteList.h"
 
 namespace quintline::batch {
@@ -63,8 +64,37 @@ int finish(const BatchOutcome& outcome, Report& report, RunOutputs& outputs, Run
     return broken ? exitRefused : outcome.stopped ? exitStopped : exitDone;
 }
 
-// Opens the report and the other outputs, plays the jobs and finishes the
-// run. Every refusal leaves all the files as they were.
+// Takes the report's lock, waiting for another run to let go of it unless
+// told not to; exitDone when taken.
+int lockReport(ReportLock& lock, const std::string& report, bool wait,
+               const Environment& environment, Console console) {
+    using enum ReportLock::Outcome;
+    const ReportLock::Outcome outcome =
+        wait ? lock.take(report, environment.stop,
+                         [&] {
+                             complain(console.err,
+                                      "waiting for another run to finish with " + report);
+                         })
+             : lock.tryTake(report);
+    switch (outcome) {
+        case taken:
+            return exitDone;
+        case busy:
+            complain(console.err, reportBusy(report));
+            return exitRefused;
+        case cannotOpen:
+            complain(console.err, reportNotStarted(report));
+            return exitRefused;
+        case stopped:
+            complain(console.err, "stopped while waiting: nothing written");
+            return exitStopped;
+    }
+    return exitRefused;
+}
+
+// Opens the other outputs, takes the report's lock for the whole run, opens
+// the report, plays the jobs and finishes the run. Every refusal leaves all the
+// files as they were.
 int playAndFinish(JobSource& jobs, const RunOptions& options, RunFacts facts,
                   Environment& environment, Console console,
                   const std::function<void()>& beforePlay = {}) {
@@ -74,6 +104,9 @@ int playAndFinish(JobSource& jobs, const RunOptions& options, RunFacts facts,
         complain(console.err, reportNotStarted(*path));
         return exitRefused;
     }
+    ReportLock lock;
+    if (const int status = lockReport(lock, options.report, options.wait, environment, console))
+        return status;
     // A fresh session's boardFilePath: empty.
     if (!report.open({})) {
         complain(console.err, reportNotStarted(report.file()));
@@ -120,7 +153,10 @@ int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, 
     }
     TestSuiteJobs jobs(list);
     const RunFacts facts{"testsuite", {}, command.run.jobs, 0, StopCause::none};
-    return playAndFinish(jobs, command.run, facts, environment, console);
+    const int status = playAndFinish(jobs, command.run, facts, environment, console);
+    if (status != exitDone || list.shortfall().empty()) return status;
+    complain(console.err, list.shortfall());
+    return exitRefused;
 }
 
 int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console) {
@@ -158,7 +194,13 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
             return analyseCommand(c, environment.searches, console);
         }
     };
-    return std::visit(Dispatch{environment, console}, *parsed.command);
+    const int status = std::visit(Dispatch{environment, console}, *parsed.command);
+    // Results that never reached stdout (a full disk, a closed pipe) are a failure.
+    if (status == exitDone && !console.out.flush()) {
+        complain(console.err, "the results could not be written to stdout");
+        return exitRefused;
+    }
+    return status;
 }
 
 }  // namespace quintline::batch
