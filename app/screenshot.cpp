@@ -64,7 +64,7 @@ bool savePicture(const QString& path, QWidget& top) {
 }
 
 // Runs `answer` with the modal window once it is up.
-void whenModal(std::function<void(QWidget*)> answer) {
+void whenModal(const std::function<void(QWidget*)>& answer) {
     QTimer::singleShot(100, [answer] { answer(QApplication::activeModalWidget()); });
 }
 

@@ -2,6 +2,7 @@
 // The board file as bytes: writing a game's record out, and reading a file
 // into a checked temporary that touches no game until it is known to be good.
 
+#include <cstddef>
 #include <cstdint>
 #include <istream>
 #include <string>
@@ -14,7 +15,7 @@ namespace quintline {
 inline constexpr std::int16_t fileGridSize = 15;
 inline constexpr std::int16_t filePieceNumber = 5;
 // No board file is larger: 225 moves take under 4 KiB.
-inline constexpr std::size_t maxBoardFileBytes = 64 * 1024;
+inline constexpr std::size_t maxBoardFileBytes = std::size_t{64} * 1024;
 
 // The content of a board file that passed every check.
 struct BoardFile {

@@ -132,6 +132,19 @@ NumberField FieldReader::readNumber() {
     return field;
 }
 
+bool FieldReader::readQuoted(std::string& value, bool& whole) {
+    while (peek() != eof && peek() != '"') {
+        const int c = get();
+        if (c == '\n' || (c == '\r' && peek() != '\n')) ++line_;
+        whole = keep(value, c) && whole;
+    }
+    const bool closed = peek() == '"';
+    if (closed) get();
+    // Anything between the closing quote and the delimiter is dropped.
+    while (peek() != eof && peek() != ',' && !atLineEnd()) get();
+    return closed;
+}
+
 TextField FieldReader::readText() {
     TextField field;
     skipBlanks();
@@ -144,15 +157,7 @@ TextField FieldReader::readText() {
     bool closed = true;
     if (peek() == '"') {
         get();
-        while (peek() != eof && peek() != '"') {
-            const int c = get();
-            if (c == '\n' || (c == '\r' && peek() != '\n')) ++line_;
-            whole = keep(field.value, c) && whole;
-        }
-        closed = peek() == '"';
-        if (closed) get();
-        // Anything between the closing quote and the delimiter is dropped.
-        while (peek() != eof && peek() != ',' && !atLineEnd()) get();
+        closed = readQuoted(field.value, whole);
     } else {
         while (peek() != eof && peek() != ',' && !atLineEnd())
             whole = keep(field.value, get()) && whole;

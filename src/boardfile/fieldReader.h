@@ -73,6 +73,9 @@ class FieldReader {
     void finishField();
     // Appends c to a field unless it is full; false once it is.
     bool keep(std::string& field, int c);
+    // Reads a quoted text after its opening quote, up to the delimiter; true when
+    // the closing quote came. `whole` turns false once the text overflows.
+    bool readQuoted(std::string& value, bool& whole);
 
     std::istream& in_;
     int line_ = 1;

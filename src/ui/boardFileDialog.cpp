@@ -121,14 +121,16 @@ void BoardFileDialog::setDirPath(const QString& path) {
     for (const QString& dir : chain) {
         const QString name =
             QDir(dir).isRoot() ? QDir::toNativeSeparators(dir) : QDir(dir).dirName();
-        auto* item = new QListWidgetItem(openIcon, QString(depth * 2, ' ') + name, dir1_);
+        auto* item =
+            new QListWidgetItem(openIcon, QString(qsizetype{depth} * 2, ' ') + name, dir1_);
         item->setData(pathRole, dir);
         ++depth;
     }
     dir1_->setCurrentRow(dir1_->count() - 1);
     const QDir current(dirPath_);
     for (const QString& sub : current.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
-        auto* item = new QListWidgetItem(closedIcon, QString(depth * 2, ' ') + sub, dir1_);
+        auto* item =
+            new QListWidgetItem(closedIcon, QString(qsizetype{depth} * 2, ' ') + sub, dir1_);
         item->setData(pathRole, current.absoluteFilePath(sub));
     }
 

@@ -17,14 +17,10 @@ struct GameRecord {
     std::vector<Point> moves;  // black first, colours alternate
 };
 
+// The folder is fixed when the build is configured (QUINTLINE_DATA_DIR), so a
+// test binary finds the games whatever directory it runs from.
 inline std::string gameRecordsPath() {
-    if (const char* dir = std::getenv("QUINTLINE_DATA_DIR"))
-        return std::string(dir) + "/gomocup-freestyle15.txt";
-#ifdef QUINTLINE_DEFAULT_DATA_DIR
-    return QUINTLINE_DEFAULT_DATA_DIR "/gomocup-freestyle15.txt";
-#else
-    return "tests/data/gomocup-freestyle15.txt";
-#endif
+    return QUINTLINE_DATA_DIR "/gomocup-freestyle15.txt";
 }
 
 // A move such as "H8": column letter A..O from the left, row 1..15 from the bottom.
