@@ -2,7 +2,8 @@
 # Runs clang-tidy, with the checks of .clang-tidy, over every source file of the
 # release build's compile database (src, app, tools, tests, bench; not the files
 # Qt generates) and fails on any finding. An optional argument narrows the run
-# to the files whose path below the checkout matches it, e.g. `scripts/tidy.sh src/ui`.
+# to the files whose path below the checkout begins with it (a regular
+# expression), e.g. `scripts/tidy.sh src/ui/`.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=build/release
@@ -16,5 +17,5 @@ cmake --build "$build" -j "$jobs"
 
 # run-clang-tidy colours its output whatever it writes to; plain text reads
 # better in a log.
-run-clang-tidy -quiet -j "$jobs" -p "$build" "^$PWD/(src|app|tools|tests|bench)/${1:-}" |
+run-clang-tidy -quiet -j "$jobs" -p "$build" "^$PWD/${1:-(src|app|tools|tests|bench)/}" |
   sed 's/\x1b\[[0-9;]*m//g'

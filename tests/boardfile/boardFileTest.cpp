@@ -90,7 +90,7 @@ TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
         {h1 + std::string(5000, '7'),
          at + "7: a field longer than 4096 bytes: \"" + std::string(40, '7') + "...\""},
         {"\"Grid Size\r\n 15 \r\n", at + "1: the quote opened here is not closed"},
-        {head + " 0 \r\n" + tail + std::string(64 * 1024, ' '),
+        {head + " 0 \r\n" + tail + std::string(std::size_t{64} * 1024, ' '),
          ": board file is larger than 64 KiB"},
         {h1 + " 0   8   8 \r\n", at + "7: colour 0 is neither 1 nor -1"},
         {head + " 3 \r\n" + move + "-1 9 9\r\n 1 16 3\r\n",

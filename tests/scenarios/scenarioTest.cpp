@@ -204,8 +204,8 @@ class Runner {
             toolkit_.forget();
         } else if (c == "click") {  // click x,y ...: the middle of each cell
             for (std::size_t i = 1; i < w.size(); ++i)
-                game_->boardMouseDown((point(w[i]).x - 0.5f) * s().cellSize,
-                                      (point(w[i]).y - 0.5f) * s().cellSize);
+                game_->boardMouseDown((float(point(w[i]).x) - 0.5f) * float(s().cellSize),
+                                      (float(point(w[i]).y) - 0.5f) * float(s().cellSize));
         } else if (c == "mouse") {  // mouse X Y: in twips
             game_->boardMouseDown(std::stof(w.at(1)), std::stof(w.at(2)));
         } else if (c == "back" || c == "forward" || c == "back-end" || c == "forward-end") {

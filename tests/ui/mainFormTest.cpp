@@ -23,7 +23,7 @@ namespace {
 using testing::in;
 
 // Runs `answer` with the modal window once it is up.
-void whenModal(std::function<void(QWidget&)> answer) {
+void whenModal(const std::function<void(QWidget&)>& answer) {
     QTimer::singleShot(0, [answer] { answer(*QApplication::activeModalWidget()); });
 }
 
