@@ -90,10 +90,11 @@ std::string PbrainSession::answer(std::string_view line) {
     const std::string_view word = line.substr(0, blank);
     const std::string_view rest =
         blank == std::string_view::npos ? "" : trimmed(line.substr(blank));
-    return command(upper(word), rest);
+    return command(upper(word), rest, line);
 }
 
-std::string PbrainSession::command(std::string_view word, std::string_view rest) {
+std::string PbrainSession::command(std::string_view word, std::string_view rest,
+                                   std::string_view line) {
     if (word == "START" || word == "RECTSTART") {
         std::optional<int> size;
         if (word == "START") {
@@ -137,7 +138,7 @@ std::string PbrainSession::command(std::string_view word, std::string_view rest)
                "\", version=\"" QUINTLINE_VERSION
                "\", author=\"The Quintline developers\", country=\"\", "
                "www=\"https://example.org/quintline\"\n";
-    return "UNKNOWN command " + std::string(word) + "\n";
+    return "UNKNOWN command \"" + std::string(line) + "\"\n";
 }
 
 std::string PbrainSession::boardLine(std::string_view line) {

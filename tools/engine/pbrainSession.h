@@ -41,7 +41,7 @@ class PbrainSession {
         int owner;    // 1 own stone, 2 the opponent's
     };
 
-    std::string command(std::string_view word, std::string_view rest);
+    std::string command(std::string_view word, std::string_view rest, std::string_view line);
     std::string boardLine(std::string_view line);
     std::string setUpBoard();
     std::string turn(std::string_view rest);
