@@ -85,18 +85,17 @@ void runScript(const std::function<Lines(const std::string&, std::size_t)>& answ
             sent += line[i] != '\\' ? line[i] : line[++i] == 'r' ? '\r' : '\n';
         steps.push_back({sent.ends_with('\r') || sent.ends_with('\n') ? sent : sent + "\r\n", {}});
     }
-    ASSERT_GT(steps.size(), 12u);
+    ASSERT_GT(steps.size(), 10u);
     for (const auto& [sent, expected] : steps) {
         SCOPED_TRACE("after sending " + ::testing::PrintToString(sent));
         const Lines answers = answersTo(sent, expected.size());
         ASSERT_EQ(answers.size(), expected.size()) << ::testing::PrintToString(answers);
         for (std::size_t i = 0; i < answers.size(); ++i) {
-            std::istringstream want(expected[i]), got(answers[i]);
-            for (std::string w, g; want >> w;)
-                EXPECT_TRUE((got >> g) &&
-                            (w.ends_with('*') ? g.starts_with(w.substr(0, w.size() - 1)) : w == g))
-                    << answers[i];
-            EXPECT_TRUE(got.eof()) << answers[i];
+            const std::string& want = expected[i];
+            EXPECT_TRUE(want.ends_with('*')
+                            ? answers[i].starts_with(want.substr(0, want.size() - 1))
+                            : answers[i] == want)
+                << answers[i];
         }
     }
 }
