@@ -2,6 +2,7 @@
 // with the built program, END during a search, and a whole game between two
 // engine processes whose every move is checked against quintline-batch analyse.
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,7 +28,8 @@ class EngineProcess {
   public:
     explicit EngineProcess(std::vector<std::string> args) {
         int in[2], out[2];
-        if (pipe(in) != 0 || pipe(out) != 0 || (pid_ = fork()) < 0) std::abort();
+        if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0 || (pid_ = fork()) < 0)
+            std::abort();
         if (pid_ == 0) {
             dup2(in[0], STDIN_FILENO), dup2(out[1], STDOUT_FILENO);
             std::vector<char*> argv{const_cast<char*>(QUINTLINE_ENGINE_PROGRAM)};
@@ -44,11 +46,12 @@ class EngineProcess {
         close(to_), close(from_);
     }
     void send(const std::string& bytes) { EXPECT_GT(write(to_, bytes.data(), bytes.size()), 0); }
-    // The next answer line; "(end)" once the output ends (or stays silent for a minute).
+    // The next answer line; "(end)" once the output has ended or stayed silent for 20 s.
     std::string line() {
         for (char c; buffer_.find('\n') == std::string::npos; buffer_ += c) {
             pollfd ready{from_, POLLIN, 0};
-            if (poll(&ready, 1, 60000) != 1 || read(from_, &c, 1) != 1) return "(end)";
+            if (silent_ || poll(&ready, 1, 20000) != 1 || read(from_, &c, 1) != 1)
+                return silent_ = true, "(end)";
         }
         const std::size_t end = buffer_.find('\n');
         return std::exchange(buffer_, buffer_.substr(end + 1)).substr(0, end);
@@ -61,7 +64,9 @@ class EngineProcess {
         EXPECT_EQ(std::sscanf(text.c_str(), "%d,%d", &x, &y), 2) << text;
         return {static_cast<std::int16_t>(x + 1), static_cast<std::int16_t>(y + 1)};
     }
+    // Closes its stdin first, so that an engine deaf to END still ends.
     int exitStatus() {
+        close(std::exchange(to_, -1));
         int raw = 0;
         waitpid(std::exchange(pid_, -1), &raw, 0);
         return WIFEXITED(raw) ? WEXITSTATUS(raw) : 128 + WTERMSIG(raw);
@@ -71,6 +76,7 @@ class EngineProcess {
     pid_t pid_ = -1;
     int to_ = -1, from_ = -1;
     std::string buffer_;
+    bool silent_ = false;
 };
 
 // Runs the script: `answersTo` sends one step's bytes and returns that many answer lines.
