@@ -46,12 +46,13 @@ class EngineProcess {
         close(to_), close(from_);
     }
     void send(const std::string& bytes) { EXPECT_GT(write(to_, bytes.data(), bytes.size()), 0); }
-    // The next answer line; "(end)" once the output has ended or stayed silent for 20 s.
+    // The next answer line; "(end)" once the output has ended, "(silent)" after 20 s without.
     std::string line() {
         for (char c; buffer_.find('\n') == std::string::npos; buffer_ += c) {
             pollfd ready{from_, POLLIN, 0};
-            if (silent_ || poll(&ready, 1, 20000) != 1 || read(from_, &c, 1) != 1)
-                return silent_ = true, "(end)";
+            if (!over_.empty()) return over_;
+            if (poll(&ready, 1, 20000) != 1) return over_ = "(silent)";
+            if (read(from_, &c, 1) != 1) return over_ = "(end)";
         }
         const std::size_t end = buffer_.find('\n');
         return std::exchange(buffer_, buffer_.substr(end + 1)).substr(0, end);
@@ -76,7 +77,7 @@ class EngineProcess {
     pid_t pid_ = -1;
     int to_ = -1, from_ = -1;
     std::string buffer_;
-    bool silent_ = false;
+    std::string over_;  // why no more lines come
 };
 
 // Runs the script: `answersTo` sends one step's bytes and returns that many answer lines.
