@@ -1,6 +1,7 @@
 #include "boardfile/boardFileFormat.h"
 
 #include <array>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
@@ -68,20 +69,29 @@ std::string pointText(int x, int y) {
 
 }  // namespace
 
+BoardFile savedBoard(const GameState& state) {
+    BoardFile file;
+    file.moves.assign(state.moveRecord.begin() + 1, state.moveRecord.begin() + 1 + state.stepNum);
+    file.userColour = state.userColour;
+    return file;
+}
+
 std::string formatBoardFile(const GameState& state) {
+    return formatBoardFile(savedBoard(state));
+}
+
+std::string formatBoardFile(const BoardFile& file) {
     std::string out;
     putLine(out, "Grid Size");
     putLine(out, numberForm(fileGridSize));
     putLine(out, "Piece number");
     putLine(out, numberForm(filePieceNumber));
     putLine(out, "Total Move");
-    putLine(out, numberForm(state.stepNum));
-    for (int i = 1; i <= state.stepNum; ++i) {
-        const MoveRecordEntry& move = state.moveRecord[static_cast<std::size_t>(i)];
+    putLine(out, numberForm(static_cast<std::int16_t>(file.moves.size())));
+    for (const MoveRecordEntry& move : file.moves)
         putLine(out, numberForm(move.colour) + ' ' + numberForm(move.x) + ' ' + numberForm(move.y));
-    }
     putLine(out, userTurnLabel);
-    putLine(out, numberForm(state.userColour));
+    putLine(out, numberForm(file.userColour));
     putLine(out, "end");
     return out;
 }
@@ -155,6 +165,27 @@ BoardFileRead loadBoardFile(const std::string& path) {
         return result;
     }
     return parseBoardFile(in);
+}
+
+bool replaceFile(const std::string& path, const std::string& bytes) {
+    const std::string partial = path + ".part";
+    {
+        std::ofstream out(partial, std::ios::binary | std::ios::trunc);
+        if (!out.is_open()) return false;
+        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        out.close();
+        if (!out) {
+            std::remove(partial.c_str());
+            return false;
+        }
+    }
+    std::error_code error;
+    std::filesystem::rename(partial, path, error);
+    if (error) {
+        std::remove(partial.c_str());
+        return false;
+    }
+    return true;
 }
 
 std::string refusalMessage(const std::string& path, const BoardFileRead& read) {

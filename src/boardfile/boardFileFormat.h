@@ -34,8 +34,16 @@ struct BoardFileRead {
     std::string detail;  // what was wrong there
 };
 
+// The first stepNum moves of the record and userColour: what Save keeps.
+BoardFile savedBoard(const GameState& state);
+
 // The whole file for stepNum moves of the record and userColour, byte for byte.
 std::string formatBoardFile(const GameState& state);
+std::string formatBoardFile(const BoardFile& file);
+
+// Writes beside the target and renames over it, so that the target is never
+// seen half written and a failed write leaves the old file whole.
+bool replaceFile(const std::string& path, const std::string& bytes);
 
 // Reads and checks a whole file: the head, at most 225 moves with colours 1 or
 // -1 on distinct points of the board, and the "UserTurn" value (-1, 0 or 1).

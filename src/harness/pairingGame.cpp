@@ -27,10 +27,9 @@ Side colourOfStone(int k) {
 }
 
 template <typename Start>
-CycleResults playAll(Game& game, const Start& start) {
+CycleResults playAll(Game& game, const Schedule& schedule, const Start& start) {
     CycleResults results;
-    for (std::size_t n = 0; n < schedule.size(); ++n)
-        results[n] = playPairing(game, schedule[n], start);
+    for (const Pairing& pairing : schedule) results.push_back(playPairing(game, pairing, start));
     return results;
 }
 
@@ -64,12 +63,16 @@ ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& fil
     return playFromPosition(game, pairing);
 }
 
-CycleResults playCycle(Game& game, const Opening& opening) {
-    return playAll(game, opening);
+PlayedGame finishedGame(const GameState& state, ResultGroup group) {
+    return {group, state.gameResult, savedBoard(state)};
 }
 
-CycleResults playEntry(Game& game, const BoardFile& file) {
-    return playAll(game, file);
+CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening) {
+    return playAll(game, schedule, opening);
+}
+
+CycleResults playEntry(Game& game, const Schedule& schedule, const BoardFile& file) {
+    return playAll(game, schedule, file);
 }
 
 }  // namespace quintline

@@ -17,17 +17,33 @@ inline constexpr std::string_view programName = "quintline-batch";
 
 struct HelpRequest {};
 
+// What tournaments and test suites play besides the fixed pairings, and keep
+// besides the report. Empty: not asked for.
+struct RunOptions {
+    std::string schedule;  // a schedule file to play instead of the fourteen fixed pairings
+    std::string games;     // a folder that gets every game as a board file
+    std::string sgf;       // an SGF collection that gets every game
+};
+
 struct TournamentCommand {
     int cycles = 0;
     std::optional<std::uint64_t> seed;  // from the clock when missing
     unsigned jobs = 1;
     std::string report = "result.txt";
+    RunOptions options;
 };
 
 struct TestSuiteCommand {
     std::string list = "testsuit.txt";
     unsigned jobs = 1;
     std::string report = "result.txt";
+    RunOptions options;
+};
+
+// Continues the unfinished run that the report's sidecar describes.
+struct ResumeCommand {
+    std::string report = "result.txt";
+    unsigned jobs = 1;
 };
 
 struct AnalyseCommand {
@@ -38,7 +54,8 @@ struct AnalyseCommand {
     std::optional<PlayerKind> white;
 };
 
-using Command = std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, AnalyseCommand>;
+using Command = std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, ResumeCommand,
+                             AnalyseCommand>;
 
 // The largest values the options take: the run's counters are 16-bit, and a
 // deeper search than the suggestion's could overflow its scaled values.

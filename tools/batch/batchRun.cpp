@@ -11,15 +11,24 @@
 #include "game/game.h"
 #include "game/silentToolkit.h"
 #include "harness/batchMessages.h"
-#include "harness/pairingGame.h"
-#include "harness/schedule.h"
 
 namespace quintline::batch {
+
+TournamentJobs::TournamentJobs(int cycles, UniformSource& uniform, int firstCycle)
+    : cycles_(cycles),
+      uniform_(uniform),
+      expected_(static_cast<std::size_t>(std::max(cycles - firstCycle + 1, 0))) {
+    for (; given_ + 1 < firstCycle; ++given_) drawOpening(uniform_);
+}
 
 std::optional<BatchJob> TournamentJobs::next() {
     if (given_ >= cycles_) return std::nullopt;
     ++given_;
-    return BatchJob{{}, drawOpening(uniform_), {}};
+    return BatchJob{given_, {}, drawOpening(uniform_), {}};
+}
+
+TestSuiteJobs::TestSuiteJobs(TestSuiteList& list, int firstEntry) : list_(list) {
+    for (; given_ + 1 < firstEntry && list_.nextEntry(); ++given_) ++skipped_;
 }
 
 std::optional<BatchJob> TestSuiteJobs::next() {
@@ -27,6 +36,7 @@ std::optional<BatchJob> TestSuiteJobs::next() {
     if (!path) return std::nullopt;
     ++given_;
     BatchJob job;
+    job.number = given_;
     job.boardFilePath = std::move(*path);
     BoardFileRead read = loadBoardFile(job.boardFilePath);
     if (read.fault == BoardFileFault::none)
@@ -38,27 +48,46 @@ std::optional<BatchJob> TestSuiteJobs::next() {
 }
 
 std::size_t TestSuiteJobs::expected() const {
-    return static_cast<std::size_t>(std::max<int>(list_.count(), 0));
+    return static_cast<std::size_t>(std::max<int>(list_.count() - skipped_, 0));
+}
+
+std::optional<std::vector<PlayedGame>> playJob(Game& game, const Schedule& schedule,
+                                               const BatchJob& job,
+                                               const std::function<bool()>& halted,
+                                               const std::function<void()>& gameDone) {
+    GameState& state = game.state();
+    state.boardFilePath = job.boardFilePath;
+    if (std::holds_alternative<BoardFile>(job.start)) {
+        // A test-suite run takes clicks from nobody.
+        state.twoUsers = flagFalse;
+        state.clickAllowed = flagFalse;
+    }
+    std::vector<PlayedGame> games;
+    games.reserve(schedule.size());
+    for (const Pairing& pairing : schedule) {
+        if (halted()) return std::nullopt;
+        const ResultGroup group = std::visit(
+            [&](const auto& start) { return playPairing(game, pairing, start); }, job.start);
+        games.push_back(finishedGame(state, group));
+        if (gameDone) gameDone();
+    }
+    return games;
 }
 
 namespace {
 
-// A job whose games are all played, or a refused entry.
-struct FinishedJob {
-    std::string boardFilePath;
-    CycleResults results{};
-    std::string refusal;
-};
-
 class BatchRun {
   public:
     BatchRun(JobSource& source, Report& report, const BatchSettings& settings,
-             const std::atomic<bool>& stop, MessageLog& messages)
+             const std::atomic<bool>& stop, MessageLog& messages, JobKeeper* keeper,
+             BatchOutcome before)
         : source_(source),
           report_(report),
           settings_(settings),
           stop_(stop),
           messages_(messages),
+          keeper_(keeper),
+          outcome_(std::move(before)),
           writer_([this](std::size_t, FinishedJob& job) { return write(job); }) {}
 
     BatchOutcome run() {
@@ -83,7 +112,7 @@ class BatchRun {
     std::size_t gamesExpected() const {
         const std::size_t jobs = source_.expected();
         const std::size_t refused = refused_.load();
-        return (jobs > refused ? jobs - refused : 0) * schedule.size();
+        return (jobs > refused ? jobs - refused : 0) * settings_.schedule->size();
     }
 
     void reportProgressUntilDone() {
@@ -117,58 +146,47 @@ class BatchRun {
             auto& [index, job] = *taken;
             if (!job.refusal.empty()) {
                 ++refused_;
-                writer_.complete(index, FinishedJob{job.boardFilePath, {}, job.refusal});
+                writer_.complete(index, FinishedJob{job.number, job.boardFilePath, {}, job.refusal});
                 continue;
             }
-            std::optional<CycleResults> results = play(*game, job);
-            if (!results) {
+            auto games = playJob(
+                *game, *settings_.schedule, job, [this] { return halted(); },
+                [this] { ++gamesDone_; });
+            if (!games) {
                 writer_.cut(index);
                 break;
             }
-            writer_.complete(index, FinishedJob{job.boardFilePath, *results, {}});
+            writer_.complete(index,
+                             FinishedJob{job.number, job.boardFilePath, std::move(*games), {}});
         }
         std::lock_guard lock(doneMutex_);
         --running_;
         doneCondition_.notify_all();
     }
 
-    // The fourteen games of a job, or nothing when the run was halted before
-    // the last of them began.
-    std::optional<CycleResults> play(Game& game, const BatchJob& job) {
-        GameState& state = game.state();
-        state.boardFilePath = job.boardFilePath;
-        if (std::holds_alternative<BoardFile>(job.start)) {
-            // A test-suite run takes clicks from nobody.
-            state.twoUsers = flagFalse;
-            state.clickAllowed = flagFalse;
-        }
-        CycleResults results;
-        for (std::size_t n = 0; n < schedule.size(); ++n) {
-            if (halted()) return std::nullopt;
-            results[n] =
-                std::visit([&](const auto& start) { return playPairing(game, schedule[n], start); },
-                           job.start);
-            ++gamesDone_;
-        }
-        return results;
-    }
-
     // Runs under the writer's lock, in run order.
     bool write(const FinishedJob& job) {
-        outcome_.lastPath = job.boardFilePath;
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
-            return true;
+        } else {
+            CycleResults results;
+            for (const PlayedGame& game : job.games) results.push_back(game.group);
+            if (keeper_ && !keeper_->keepRecords(job, messages_)) return fail(false);
+            if (!report_.addGameLine(job.boardFilePath, results)) return fail(true);
+            countCredits(outcome_.credits, results);
+            ++outcome_.lines;
         }
-        if (!report_.addGameLine(job.boardFilePath, job.results)) {
-            messages_.line(reportStopped(report_.file()));
-            outcome_.reportFailed = true;
-            failed_ = true;
-            return false;
-        }
-        countCredits(outcome_.credits, job.results);
-        ++outcome_.lines;
+        outcome_.lastPath = job.boardFilePath;
+        ++outcome_.passed;
+        if (keeper_) keeper_->passed(outcome_);
         return true;
+    }
+
+    bool fail(bool report) {
+        if (report) messages_.line(reportStopped(report_.file()));
+        outcome_.reportFailed = true;
+        failed_ = true;
+        return false;
     }
 
     JobSource& source_;
@@ -176,6 +194,7 @@ class BatchRun {
     const BatchSettings& settings_;
     const std::atomic<bool>& stop_;
     MessageLog& messages_;
+    JobKeeper* keeper_;
 
     std::mutex sourceMutex_;
     bool exhausted_ = false;
@@ -196,8 +215,10 @@ class BatchRun {
 }  // namespace
 
 BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& settings,
-                       const std::atomic<bool>& stop, MessageLog& messages) {
-    BatchRun run(source, report, settings, stop, messages);
+                       const std::atomic<bool>& stop, MessageLog& messages, JobKeeper* keeper,
+                       BatchOutcome before) {
+    if (before.credits.empty()) before.credits.assign(settings.schedule->size(), 0);
+    BatchRun run(source, report, settings, stop, messages, keeper, std::move(before));
     return run.run();
 }
 

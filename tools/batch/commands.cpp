@@ -1,14 +1,21 @@
 #include "batch/commands.h"
 
+#include <ctime>
+#include <filesystem>
+#include <sstream>
 #include <string>
 
 #include "batch/analyse.h"
 #include "batch/batchRun.h"
 #include "batch/messageLog.h"
 #include "batch/progress.h"
+#include "batch/resumeCheck.h"
+#include "batch/runKeeper.h"
+#include "batch/runState.h"
 #include "batch/summaryTable.h"
 #include "harness/batchMessages.h"
 #include "harness/report.h"
+#include "harness/scheduleFile.h"
 #include "harness/testSuiteList.h"
 
 namespace quintline::batch {
@@ -35,59 +42,161 @@ BatchSettings settingsFor(unsigned jobs, const Environment& environment, const C
     return settings;
 }
 
-// The run's tail, the table of what was played and the exit status.
-int finish(const BatchOutcome& outcome, Report& report, Console console) {
+std::string today() {
+    const std::time_t now = std::time(nullptr);
+    std::tm fields{};
+    localtime_r(&now, &fields);
+    char text[16];
+    std::strftime(text, sizeof text, "%Y-%m-%d", &fields);
+    return text;
+}
+
+std::uint64_t sizeOrZero(const std::string& file) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    return error ? 0 : size;
+}
+
+// The run's sidecar before anything is written: the schedule read, or the reason it is refused.
+std::optional<RunState> newRunState(const std::string& report, const RunOptions& options,
+                                    const Environment& environment, std::string& fault) {
+    RunState state;
+    state.command = environment.commandLine;
+    state.report = report;
+    state.options = options;
+    state.date = today();
+    const ScheduleRead read = options.schedule.empty()
+                                  ? ScheduleRead{Schedule::fixed(), {}}
+                                  : loadSchedule(options.schedule);
+    if (!read.schedule) {
+        fault = read.fault;
+        return std::nullopt;
+    }
+    for (const Pairing& pairing : *read.schedule) state.schedule.push_back(scheduleLine(pairing));
+    return state;
+}
+
+Schedule scheduleOf(const RunState& state, std::string& fault) {
+    std::string lines;
+    for (const std::string& line : state.schedule) lines += line + '\n';
+    std::istringstream in(lines);
+    ScheduleRead read = parseSchedule(in, sidecarPath(state.report).string());
+    if (read.schedule) return std::move(*read.schedule);
+    fault = read.fault;
+    return Schedule::fixed();
+}
+
+// Plays the block that `state` describes, from its start or, when resuming,
+// from where it stopped; appends to the report and keeps the records and the
+// sidecar; prints the table and gives the exit status.
+int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& environment,
+              Console console) {
+    std::string fault;
+    const Schedule schedule = scheduleOf(state, fault);
+    TestSuiteList list;
+    if (fault.empty() && !state.tournament && !list.open(state.list, fault))
+        fault = listNotStarted(fault);
+    if (fault.empty() && resuming) {
+        fault = reportFault(state, schedule.size(), schedule.header());
+        if (fault.empty() && sizeOrZero(state.options.sgf) < state.sgfSize)
+            fault = state.options.sgf + " is shorter than the run left it; nothing resumed";
+    }
+    RunKeeper keeper(state, schedule);
+    if (!fault.empty() || !keeper.prepare(fault)) {
+        complain(console.err, fault);
+        return exitRefused;
+    }
+
+    Report report(state.report, environment.clock);
+    MessageLog messages(console.err, console.progress);
+    if (resuming) {
+        // Cut what the interrupted part left behind its last counted line.
+        std::filesystem::resize_file(state.report, state.reportSize);
+        if (!state.options.sgf.empty()) std::filesystem::resize_file(state.options.sgf, state.sgfSize);
+        report.resume(static_cast<float>(state.usedSeconds));
+    } else {
+        state.reportSizeBefore = sizeOrZero(state.report);
+        // A fresh session's boardFilePath: empty.
+        if (!report.open({}, schedule.header())) {
+            complain(console.err, reportNotStarted(report.file()));
+            return exitRefused;
+        }
+        state.reportSize = sizeOrZero(state.report);
+        state.sgfSize = sizeOrZero(state.options.sgf);
+        state.credits.assign(schedule.size(), 0);
+    }
+    keeper.save(messages);
+
+    SeededUniform uniform(state.seed);
+    std::unique_ptr<JobSource> jobs;
+    const int first = static_cast<int>(state.passed) + 1;
+    if (state.tournament)
+        jobs = std::make_unique<TournamentJobs>(state.cycles, uniform, first);
+    else
+        jobs = std::make_unique<TestSuiteJobs>(list, first);
+    BatchSettings settings = settingsFor(jobCount, environment, console);
+    settings.schedule = &schedule;
+    const BatchOutcome before{state.lines, state.passed, state.credits, state.lastPath};
+    const BatchOutcome outcome =
+        playBatch(*jobs, report, settings, environment.stop, messages, &keeper, before);
+
     if (console.progress) console.err << '\n';
     if (outcome.reportFailed) return exitRefused;
     if (!report.close(outcome.lastPath, outcome.credits)) {
         complain(console.err, reportStopped(report.file()));
         return exitRefused;
     }
-    if (outcome.stopped)
+    if (outcome.stopped) {
+        keeper.save(messages);
         complain(console.err, "stopped: " + std::to_string(outcome.lines) +
-                                  " whole lines kept in " + report.file().string());
-    console.out << summaryTable(outcome.credits, outcome.lines);
+                                  " whole lines kept in " + report.file().string() +
+                                  " (continue with: " + std::string(programName) +
+                                  " resume --report " + report.file().string() + ")");
+    } else {
+        std::error_code ignored;
+        std::filesystem::remove(sidecarPath(state.report), ignored);
+    }
+    console.out << summaryTable(schedule, outcome.credits, outcome.lines);
     return outcome.stopped ? exitStopped : exitDone;
 }
 
 }  // namespace
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
-    Report report(command.report, environment.clock);
-    // A fresh session's boardFilePath: empty.
-    if (!report.open({})) {
-        complain(console.err, reportNotStarted(report.file()));
+    std::string fault;
+    std::optional<RunState> state = newRunState(command.report, command.options, environment, fault);
+    if (!state) {
+        complain(console.err, fault);
         return exitRefused;
     }
-    const std::uint64_t seed = command.seed.value_or(clockSeed());
+    state->cycles = command.cycles;
+    state->seed = command.seed.value_or(clockSeed());
     if (!command.seed)
-        complain(console.err, "seed " + std::to_string(seed) + " (repeat with --seed " +
-                                  std::to_string(seed) + ")");
-    SeededUniform uniform(seed);
-    TournamentJobs jobs(command.cycles, uniform);
-    MessageLog messages(console.err, console.progress);
-    const BatchOutcome outcome = playBatch(
-        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
-    return finish(outcome, report, console);
+        complain(console.err, "seed " + std::to_string(state->seed) + " (repeat with --seed " +
+                                  std::to_string(state->seed) + ")");
+    return playBlock(*state, false, command.jobs, environment, console);
 }
 
 int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console) {
-    TestSuiteList list;
     std::string fault;
-    if (!list.open(command.list, fault)) {
-        complain(console.err, listNotStarted(fault));
+    std::optional<RunState> state = newRunState(command.report, command.options, environment, fault);
+    if (!state) {
+        complain(console.err, fault);
         return exitRefused;
     }
-    Report report(command.report, environment.clock);
-    if (!report.open({})) {
-        complain(console.err, reportNotStarted(report.file()));
+    state->tournament = false;
+    state->list = command.list;
+    return playBlock(*state, false, command.jobs, environment, console);
+}
+
+int resumeCommand(const ResumeCommand& command, Environment& environment, Console console) {
+    std::string fault;
+    std::optional<RunState> state = loadRunState(command.report, fault);
+    if (!state) {
+        complain(console.err, fault);
         return exitRefused;
     }
-    TestSuiteJobs jobs(list);
-    MessageLog messages(console.err, console.progress);
-    const BatchOutcome outcome = playBatch(
-        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
-    return finish(outcome, report, console);
+    return playBlock(*state, true, command.jobs, environment, console);
 }
 
 int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console) {
@@ -108,6 +217,7 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
         console.err << "Try '" << programName << " --help'.\n";
         return exitUsage;
     }
+    environment.commandLine.assign(args.begin(), args.end());
     struct Dispatch {
         Environment& environment;
         Console console;
@@ -120,6 +230,9 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
         }
         int operator()(const TestSuiteCommand& c) const {
             return testSuiteCommand(c, environment, console);
+        }
+        int operator()(const ResumeCommand& c) const {
+            return resumeCommand(c, environment, console);
         }
         int operator()(const AnalyseCommand& c) const {
             return analyseCommand(c, environment.searches, console);

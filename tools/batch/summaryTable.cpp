@@ -34,7 +34,7 @@ std::string heading(const char* first) {
 
 }  // namespace
 
-std::string summaryTable(const CreditCounts& credits, std::size_t games) {
+std::string summaryTable(const Schedule& schedule, const CreditCounts& credits, std::size_t games) {
     std::string table = heading("pairing");
     for (std::size_t n = 0; n < schedule.size(); ++n) {
         std::ostringstream label;
@@ -44,6 +44,7 @@ std::string summaryTable(const CreditCounts& credits, std::size_t games) {
     table += '\n';
     table += heading("colours swapped");
     for (std::size_t n = 0; n + 1 < schedule.size(); n += 2) {
+        if (!schedule.swapsColours(n)) continue;
         std::ostringstream label;
         label << n + 1 << '-' << n + 2 << ' ' << schedule[n].label << " / "
               << schedule[n + 1].label;

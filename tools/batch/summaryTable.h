@@ -10,7 +10,8 @@
 namespace quintline::batch {
 
 // `games` is the number of cycles or entries played, so each pairing has that
-// many games and each pair twice as many.
-std::string summaryTable(const CreditCounts& credits, std::size_t games);
+// many games and each pair twice as many. Pairings 2k-1 and 2k make a pair
+// when they are the same players with the colours changed.
+std::string summaryTable(const Schedule& schedule, const CreditCounts& credits, std::size_t games);
 
 }  // namespace quintline::batch
