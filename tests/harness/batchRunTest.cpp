@@ -84,7 +84,7 @@ TEST_F(BatchRunTest, CyclesReplayTheirOpeningAndEachRunAppendsItsBlock) {
     // Each pairing shows its own captions, cycle after cycle; the title is left alone.
     std::vector<std::string> blacks, whites;
     for (int cycle = 0; cycle < 3; ++cycle)
-        for (const Pairing& p : schedule) {
+        for (const Pairing& p : Schedule::fixed()) {
             blacks.emplace_back(p.blackCaption);
             whites.emplace_back(p.whiteCaption);
         }

@@ -36,7 +36,7 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
     runTournament(library.game, uniform, libraryClock, dir / "library.txt");
     const auto lines = reportLines(dir / "library.txt");
     ASSERT_EQ(lines.size(), 2u + cycles + 3u);
-    CreditCounts credits{};  // from the summary line
+    CreditCounts credits(14);  // from the summary line
     std::istringstream summary(lines[2 + cycles]);
     for (std::string field; auto& credit : credits)
         credit =
@@ -53,7 +53,7 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
                                     {out, err, progress}),
                   exitDone);
         EXPECT_EQ(readBytes(report), readBytes(dir / "library.txt")) << jobs;
-        EXPECT_EQ(out.str(), summaryTable(credits, cycles));
+        EXPECT_EQ(out.str(), summaryTable(Schedule::fixed(), credits, cycles));
         // The progress line, rewritten in place and ended at the end, only when asked for.
         EXPECT_TRUE(progress ? err.str().find("\r70/70 games") != std::string::npos &&
                                    err.str().back() == '\n'
@@ -130,7 +130,7 @@ TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {
     ScratchDirectory dir;
     ScriptedClock clock = sameClock();
     Report report(dir / "r.txt", clock);
-    ASSERT_TRUE(report.open({}));
+    ASSERT_TRUE(report.open({}, Schedule::fixed().header()));
     std::filesystem::remove(dir / "r.txt");
     std::filesystem::create_directory(dir / "r.txt");
     SeededUniform uniform(3);

@@ -46,18 +46,18 @@ std::vector<Words> tableWords(const std::string& table) {
 }
 
 TEST(SummaryTable, RowsPerPairingAndPerColourSwappedPair) {
-    CreditCounts credits{};
+    CreditCounts credits(14);
     credits[0] = 7;
     credits[1] = 3;
     credits[13] = 20;
-    const auto rows = tableWords(summaryTable(credits, 20));
+    const auto rows = tableWords(summaryTable(Schedule::fixed(), credits, 20));
     ASSERT_EQ(rows.size(), 24u);  // heading, 14 pairings, blank, heading, 7 pairs
     EXPECT_EQ(rows[1], (Words{"1", "A(3):B(2)", "20", "7", "0.350", "0.181..0.567"}));
     EXPECT_EQ(rows[14], (Words{"14", "B-K-A(3):A(3)", "20", "20", "1.000", "0.839..1.000"}));
     // A pair adds both colours: 10 of 40.
     EXPECT_EQ(rows[17],
               (Words{"1-2", "A(3):B(2)", "/", "B(2):A(3)", "40", "10", "0.250", "0.142..0.402"}));
-    EXPECT_EQ(tableWords(summaryTable(CreditCounts{}, 0))[5],
+    EXPECT_EQ(tableWords(summaryTable(Schedule::fixed(), CreditCounts(14), 0))[5],
               (Words{"5", "A(2):B(3)", "0", "0", "-", "-"}));
 }
 
