@@ -1,8 +1,10 @@
 #include "harness/reportLines.h"
 
-#include <fstream>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "boardfile/numberForm.h"
+#include "harness/wholeAppend.h"
 
 namespace quintline {
 namespace {
@@ -52,11 +54,10 @@ std::string usedLine(std::string_view boardFilePath, float seconds) {
 }
 
 bool appendToFile(const std::filesystem::path& file, std::string_view bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::app);
-    if (!out.is_open()) return false;
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return !out.fail();
+    const int fd = ::open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    if (fd < 0) return false;
+    const bool written = appendWhole(fd, bytes);
+    return ::close(fd) == 0 && written;
 }
 
 }  // namespace quintline

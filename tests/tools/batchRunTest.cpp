@@ -25,6 +25,13 @@ ScriptedClock sameClock() {
     return ScriptedClock({"10:00:00", "10:05:00"}, {36000.0f, 36300.5f});
 }
 
+TournamentCommand tournament(int cycles, std::optional<std::uint64_t> seed, unsigned jobs,
+                             const std::filesystem::path& report) {
+    TournamentCommand command{cycles, seed, {}};
+    std::tie(command.run.jobs, command.run.report) = std::tuple(jobs, report.string());
+    return command;
+}
+
 TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
     ScratchDirectory dir;
     const SearchSet shallow = shallowSearches();
@@ -49,7 +56,7 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
         std::ostringstream out, err;
         const auto report = dir / ("jobs" + std::to_string(jobs) + ".txt");
         const bool progress = jobs == 2;
-        EXPECT_EQ(tournamentCommand({cycles, 2024, jobs, report.string()}, environment,
+        EXPECT_EQ(tournamentCommand(tournament(cycles, 2024, jobs, report), environment,
                                     {out, err, progress}),
                   exitDone);
         EXPECT_EQ(readBytes(report), readBytes(dir / "library.txt")) << jobs;
@@ -68,12 +75,12 @@ TEST(BatchRun, WithoutASeedTheClockSeedIsPrintedAndRepeatsTheRun) {
     std::atomic<bool> stop{false};
     Environment first{clock1, stop, shallowSearches()}, second{clock2, stop, shallowSearches()};
     std::ostringstream out, err;
-    ASSERT_EQ(tournamentCommand({2, {}, 2, (dir / "a.txt").string()}, first, {out, err}), exitDone);
+    ASSERT_EQ(tournamentCommand(tournament(2, {}, 2, dir / "a.txt"), first, {out, err}), exitDone);
     const std::string text = err.str();
     ASSERT_EQ(text.rfind("quintline-batch: seed ", 0), 0u) << text;
     const std::uint64_t seed = std::stoull(text.substr(22));
     EXPECT_NE(text.find("(repeat with --seed " + std::to_string(seed) + ")"), std::string::npos);
-    ASSERT_EQ(tournamentCommand({2, seed, 1, (dir / "b.txt").string()}, second, {out, err}),
+    ASSERT_EQ(tournamentCommand(tournament(2, seed, 1, dir / "b.txt"), second, {out, err}),
               exitDone);
     EXPECT_EQ(readBytes(dir / "a.txt"), readBytes(dir / "b.txt"));
 }
@@ -89,7 +96,7 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     // stdout and stderr must hold, or nothing.
     const std::tuple<std::string, int, std::string, std::string> rows[] = {
         {"", exitUsage, "", "quintline-batch: no command given\nTry 'quintline-batch --help'.\n"},
-        {"analyse --help", exitDone, "Usage:\n", ""},
+        {"analyse --help", exitDone, "Usage: quintline-batch analyse", ""},
         {"analyse @small.txt --kind 4 --depth 2", exitDone, "9 9 75 160\n", ""},
         {"analyse @small.txt --kind 1 --depth 2", exitDone, "10 7 160\n", ""},
         {"analyse @empty.txt --kind 1 --depth 2", exitDone, "0 0 -2147483647\n", ""},

@@ -58,11 +58,11 @@ std::uint64_t sizeOrZero(const std::string& file) {
 }
 
 // The run's sidecar before anything is written: the schedule read, or the reason it is refused.
-std::optional<RunState> newRunState(const std::string& report, const RunOptions& options,
-                                    const Environment& environment, std::string& fault) {
+std::optional<RunState> newRunState(const RunOptions& options, const Environment& environment,
+                                    std::string& fault) {
     RunState state;
     state.command = environment.commandLine;
-    state.report = report;
+    state.report = options.report;
     state.options = options;
     state.date = today();
     const ScheduleRead read = options.schedule.empty()
@@ -164,7 +164,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
     std::string fault;
-    std::optional<RunState> state = newRunState(command.report, command.options, environment, fault);
+    std::optional<RunState> state = newRunState(command.run, environment, fault);
     if (!state) {
         complain(console.err, fault);
         return exitRefused;
@@ -174,19 +174,19 @@ int tournamentCommand(const TournamentCommand& command, Environment& environment
     if (!command.seed)
         complain(console.err, "seed " + std::to_string(state->seed) + " (repeat with --seed " +
                                   std::to_string(state->seed) + ")");
-    return playBlock(*state, false, command.jobs, environment, console);
+    return playBlock(*state, false, command.run.jobs, environment, console);
 }
 
 int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console) {
     std::string fault;
-    std::optional<RunState> state = newRunState(command.report, command.options, environment, fault);
+    std::optional<RunState> state = newRunState(command.run, environment, fault);
     if (!state) {
         complain(console.err, fault);
         return exitRefused;
     }
     state->tournament = false;
     state->list = command.list;
-    return playBlock(*state, false, command.jobs, environment, console);
+    return playBlock(*state, false, command.run.jobs, environment, console);
 }
 
 int resumeCommand(const ResumeCommand& command, Environment& environment, Console console) {
@@ -221,8 +221,8 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
     struct Dispatch {
         Environment& environment;
         Console console;
-        int operator()(const HelpRequest&) const {
-            console.out << helpText();
+        int operator()(const HelpRequest& help) const {
+            console.out << help.text;
             return exitDone;
         }
         int operator()(const TournamentCommand& c) const {

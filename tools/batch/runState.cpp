@@ -7,7 +7,29 @@
 
 namespace quintline::batch {
 
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(RunOptions, schedule, games, sgf)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(SprtOptions, pair, elo0, elo1, alpha, beta)
+
+void to_json(nlohmann::json& json, const RunOptions& o) {
+    json = {{"jobs", o.jobs},         {"report", o.report},           {"gamesCsv", o.gamesCsv},
+            {"summaryJson", o.summaryJson}, {"schedule", o.schedule}, {"games", o.games},
+            {"sgf", o.sgf},           {"sprt", nullptr}};
+    if (o.sprt) json["sprt"] = *o.sprt;
+}
+
+void from_json(const nlohmann::json& json, RunOptions& o) {
+    json.at("jobs").get_to(o.jobs);
+    json.at("report").get_to(o.report);
+    json.at("gamesCsv").get_to(o.gamesCsv);
+    json.at("summaryJson").get_to(o.summaryJson);
+    json.at("schedule").get_to(o.schedule);
+    json.at("games").get_to(o.games);
+    json.at("sgf").get_to(o.sgf);
+    if (json.at("sprt").is_null())
+        o.sprt.reset();
+    else
+        o.sprt = json.at("sprt").get<SprtOptions>();
+}
+
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(RunState, command, tournament, cycles, seed, list, schedule,
                                    report, options, date, reportSizeBefore, reportSize, sgfSize,
                                    lines, passed, lastPath, credits, usedSeconds)
