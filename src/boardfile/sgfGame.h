@@ -12,13 +12,13 @@
 namespace quintline {
 
 struct SgfGameInfo {
-    std::string event;        // EV
-    std::string round;        // RO
-    std::string black;        // PB
-    std::string white;        // PW
+    std::string event;             // EV
+    std::string round;             // RO
+    std::string black;             // PB
+    std::string white;             // PW
     GameCode outcome = gameDrawn;  // RE: "B+", "W+" or "0"
-    std::string date;         // DT, YYYY-MM-DD
-    std::string application;  // AP, "name:version"
+    std::string date;              // DT, YYYY-MM-DD
+    std::string application;       // AP, "name:version"
 };
 
 // "(;FF[4]...;B[hh];W[ig]...)" and a line end; the moves are those of the record.

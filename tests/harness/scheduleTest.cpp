@@ -21,7 +21,8 @@ ScheduleRead read(const std::string& text) {
 
 TEST(Schedule, TheShippedFilesGiveTheFixedScheduleAndARoundTrippingOwnOne) {
     const std::string dir = QUINTLINE_SCHEDULES_DIR;
-    const ScheduleRead fixed = loadSchedule(dir + "/default.txt"), deep = loadSchedule(dir + "/deep.txt");
+    const ScheduleRead fixed = loadSchedule(dir + "/default.txt"),
+                       deep = loadSchedule(dir + "/deep.txt");
     ASSERT_TRUE(fixed.schedule && deep.schedule) << fixed.fault << deep.fault;
     EXPECT_EQ(fixed.schedule->pairings(), Schedule::fixed().pairings());
     EXPECT_EQ(fixed.schedule->header(), headerLiteral);
@@ -51,8 +52,9 @@ TEST(Schedule, ABadFileIsRefusedWithItsLineAndTheReason) {
     std::string tooMany;
     for (int i = 0; i <= 64; ++i) tooMany += "p 1 2 3 3\n";
     const std::pair<std::string, std::string> rows[] = {
-        {"x 1 2 3\n", "s.txt:1: expected: label black white depthA depthB, then optionally two "
-                      "quoted captions"},
+        {"x 1 2 3\n",
+         "s.txt:1: expected: label black white depthA depthB, then optionally two "
+         "quoted captions"},
         {"# c\n\nx 5 2 3 3\n", "s.txt:3: black kind \"5\" is not a number from 1 to 4"},
         {"x 1 0 3 3", "s.txt:1: white kind \"0\" is not a number from 1 to 4"},
         {"x 1 2 0 3", "s.txt:1: depthA \"0\" is not a number from 1 to 9"},

@@ -157,15 +157,14 @@ void addRunOptions(CLI::App& command, RunOptions& run, SprtOptions& sprt) {
         .add_option("--schedule", run.schedule,
                     "the pairings to play, one a line\n(default: the fourteen fixed ones)")
         ->type_name("FILE");
-    command.add_option("--games", run.games, "every game as a board file in DIR")
-        ->type_name("DIR");
+    command.add_option("--games", run.games, "every game as a board file in DIR")->type_name("DIR");
     command.add_option("--sgf", run.sgf, "every game in one SGF collection, appended to")
         ->type_name("PATH");
     CLI::Option* pair =
         command
             .add_option(
                 "--sprt", sprt.pair,
-                "stop once the SPRT on colour-swapped pair PAIR,\n1 to 7 (pairings 2 PAIR - 1 "
+                "stop once the SPRT on colour-swapped pair PAIR,\n1 to 32 (pairings 2 PAIR - 1 "
                 "and 2 PAIR), decides")
             ->type_name("PAIR")
             ->transform(wholeNumber(1, static_cast<int>(maxPairings / 2)));

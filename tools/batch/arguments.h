@@ -68,8 +68,8 @@ struct AnalyseCommand {
     std::optional<PlayerKind> white;
 };
 
-using Command = std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, ResumeCommand,
-                             AnalyseCommand>;
+using Command =
+    std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, ResumeCommand, AnalyseCommand>;
 
 // The largest values the options take: the run's counters are 16-bit, and a
 // deeper search than the suggestion's could overflow its scaled values.

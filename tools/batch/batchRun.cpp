@@ -146,7 +146,8 @@ class BatchRun {
             auto& [index, job] = *taken;
             if (!job.refusal.empty()) {
                 ++refused_;
-                writer_.complete(index, FinishedJob{job.number, job.boardFilePath, {}, job.refusal});
+                writer_.complete(index,
+                                 FinishedJob{job.number, job.boardFilePath, {}, job.refusal});
                 continue;
             }
             auto games = playJob(

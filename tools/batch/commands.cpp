@@ -65,9 +65,8 @@ std::optional<RunState> newRunState(const RunOptions& options, const Environment
     state.report = options.report;
     state.options = options;
     state.date = today();
-    const ScheduleRead read = options.schedule.empty()
-                                  ? ScheduleRead{Schedule::fixed(), {}}
-                                  : loadSchedule(options.schedule);
+    const ScheduleRead read = options.schedule.empty() ? ScheduleRead{Schedule::fixed(), {}}
+                                                       : loadSchedule(options.schedule);
     if (!read.schedule) {
         fault = read.fault;
         return std::nullopt;
@@ -112,7 +111,8 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
     if (resuming) {
         // Cut what the interrupted part left behind its last counted line.
         std::filesystem::resize_file(state.report, state.reportSize);
-        if (!state.options.sgf.empty()) std::filesystem::resize_file(state.options.sgf, state.sgfSize);
+        if (!state.options.sgf.empty())
+            std::filesystem::resize_file(state.options.sgf, state.sgfSize);
         report.resume(static_cast<float>(state.usedSeconds));
     } else {
         state.reportSizeBefore = sizeOrZero(state.report);

@@ -28,9 +28,8 @@ TailLine kindOf(const std::string& line, std::size_t pairings) {
 
 std::string reportFault(const RunState& state, std::size_t pairings, const std::string& header) {
     const std::string& report = state.report;
-    const std::string notTheBlock =
-        report + " does not end with the unfinished run of " + sidecarPath(report).string() +
-        "; nothing resumed";
+    const std::string notTheBlock = report + " does not end with the unfinished run of " +
+                                    sidecarPath(report).string() + "; nothing resumed";
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(report, error);
     if (error || size < state.reportSize || state.reportSize < state.reportSizeBefore)
@@ -48,14 +47,15 @@ std::string reportFault(const RunState& state, std::size_t pairings, const std::
         return notTheBlock + " (its start and header lines are not where they were)";
 
     TailLine last = TailLine::game;
-    std::string_view tail = std::string_view(block).substr(state.reportSize - state.reportSizeBefore);
+    std::string_view tail =
+        std::string_view(block).substr(state.reportSize - state.reportSizeBefore);
     for (std::size_t end; (end = tail.find(lineEnd)) != std::string_view::npos;
          tail.remove_prefix(end + lineEnd.size())) {
         const TailLine kind = kindOf(std::string(tail.substr(0, end)), pairings);
         // Game lines, then each of summary, end and used at most once, in order.
-        const bool follows = kind == TailLine::game ? last == TailLine::game
-                                                    : static_cast<int>(kind) ==
-                                                          static_cast<int>(last) + 1;
+        const bool follows = kind == TailLine::game
+                                 ? last == TailLine::game
+                                 : static_cast<int>(kind) == static_cast<int>(last) + 1;
         if (kind == TailLine::other || !follows)
             return notTheBlock + " (a line after its game lines is not its own)";
         last = kind;

@@ -10,8 +10,9 @@ namespace quintline::batch {
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(SprtOptions, pair, elo0, elo1, alpha, beta)
 
 void to_json(nlohmann::json& json, const RunOptions& o) {
-    json = {{"jobs", o.jobs},         {"report", o.report},           {"gamesCsv", o.gamesCsv},
-            {"summaryJson", o.summaryJson}, {"schedule", o.schedule}, {"games", o.games},
+    json = {{"jobs", o.jobs},         {"report", o.report},
+            {"gamesCsv", o.gamesCsv}, {"summaryJson", o.summaryJson},
+            {"schedule", o.schedule}, {"games", o.games},
             {"sgf", o.sgf},           {"sprt", nullptr}};
     if (o.sprt) json["sprt"] = *o.sprt;
 }

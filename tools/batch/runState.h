@@ -20,8 +20,8 @@ struct RunState {
     std::vector<std::string> command;  // the words after the program name
     bool tournament = true;
     int cycles = 0;
-    std::uint64_t seed = 0;  // tournaments only
-    std::string list;        // test suites only
+    std::uint64_t seed = 0;             // tournaments only
+    std::string list;                   // test suites only
     std::vector<std::string> schedule;  // the pairings, one schedule-file line each
     std::string report;
     RunOptions options;
