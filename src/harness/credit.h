@@ -1,9 +1,11 @@
 #pragma once
-// Which family a finished game is credited to, and the run's tally of A credits.
+// Which family a finished game is credited to, the run's tally of A credits,
+// and the game's real outcome, which statistics use instead of the credit.
 
 #include <cstdint>
 #include <vector>
 
+#include "boardfile/boardFileFormat.h"
 #include "harness/schedule.h"
 #include "position/types.h"
 
@@ -28,5 +30,18 @@ ResultGroup creditGame(const Pairing& pairing, GameCode result, std::int16_t sto
 // Adds the A letters of one cycle or entry to the tally, column by column;
 // both have one place per pairing.
 void countCredits(CreditCounts& counts, const CycleResults& results);
+
+// A finished game: its report group, what really happened, the stones that
+// stood before the first computer move, in the order laid, and what Save
+// would write right after the game.
+struct PlayedGame {
+    ResultGroup group;
+    GameCode result = gameDrawn;  // blackWon, whiteWon or gameDrawn
+    std::vector<Point> opening;
+    BoardFile record;
+};
+
+// The A family's score of a game in half points: 2 a win, 1 a draw, 0 a loss.
+int aHalfPoints(const Pairing& pairing, GameCode result);
 
 }  // namespace quintline

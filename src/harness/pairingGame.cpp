@@ -11,14 +11,21 @@ void setDepths(GameState& state, const Pairing& pairing) {
 }
 
 // Sides, captions, the game itself and its credit: the same for every start.
-ResultGroup playFromPosition(Game& game, const Pairing& pairing) {
+PlayedGame playFromPosition(Game& game, const Pairing& pairing) {
     GameState& state = game.state();
     state.blackSide = pairing.black;
     state.whiteSide = pairing.white;
     game.toolkit().setCaption(Control::blackSideLabel, pairing.blackCaption);
     game.toolkit().setCaption(Control::whiteSideLabel, pairing.whiteCaption);
+    PlayedGame played;
+    played.opening.reserve(static_cast<std::size_t>(state.stepNum));
+    for (std::int16_t n = 1; n <= state.stepNum; ++n)
+        played.opening.push_back({state.moveRecord[n].x, state.moveRecord[n].y});
     game.computerGame();
-    return creditGame(pairing, state.gameResult, state.stepNum);
+    played.group = creditGame(pairing, state.gameResult, state.stepNum);
+    played.result = state.gameResult;
+    played.record = savedBoard(state);
+    return played;
 }
 
 // The side userColour must hold for opening stone k: white on even k.
@@ -29,7 +36,8 @@ Side colourOfStone(int k) {
 template <typename Start>
 CycleResults playAll(Game& game, const Schedule& schedule, const Start& start) {
     CycleResults results;
-    for (const Pairing& pairing : schedule) results.push_back(playPairing(game, pairing, start));
+    for (const Pairing& pairing : schedule)
+        results.push_back(playPairing(game, pairing, start).group);
     return results;
 }
 
@@ -46,13 +54,13 @@ void setUpOpening(Game& game, const Opening& opening) {
     }
 }
 
-ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening) {
+PlayedGame playPairing(Game& game, const Pairing& pairing, const Opening& opening) {
     setDepths(game.state(), pairing);
     setUpOpening(game, opening);
     return playFromPosition(game, pairing);
 }
 
-ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& file) {
+PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file) {
     // The depths come first: a file whose user colour is 0 makes stepForward
     // past its end a computer move.
     setDepths(game.state(), pairing);
@@ -61,10 +69,6 @@ ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& fil
         game.stepForward();
     } while (game.state().movesAhead > 0);
     return playFromPosition(game, pairing);
-}
-
-PlayedGame finishedGame(const GameState& state, ResultGroup group) {
-    return {group, state.gameResult, savedBoard(state)};
 }
 
 CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening) {

@@ -16,22 +16,11 @@ void setUpOpening(Game& game, const Opening& opening);
 
 // Sets the depths, lays the opening, sets the sides and their captions, plays
 // the game through computerGame and credits it.
-ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening);
+PlayedGame playPairing(Game& game, const Pairing& pairing, const Opening& opening);
 
 // The same from a board file: read into the record and replayed to its end
 // (stepForward runs at least once), whatever the replay's result.
-ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& file);
-
-// A finished game as a batch keeps it: its report group, how it really ended
-// and what Save would write right after it.
-struct PlayedGame {
-    ResultGroup group;
-    GameCode outcome = gameDrawn;  // blackWon, whiteWon or gameDrawn
-    BoardFile record;
-};
-
-// The game just played by playPairing, which returned `group`.
-PlayedGame finishedGame(const GameState& state, ResultGroup group);
+PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file);
 
 CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening);
 CycleResults playEntry(Game& game, const Schedule& schedule, const BoardFile& file);

@@ -40,9 +40,7 @@ std::string Schedule::header() const {
     return header;
 }
 
-bool Schedule::swapsColours(std::size_t n) const {
-    if (n + 1 >= pairings_.size()) return false;
-    const Pairing &first = pairings_[n], &second = pairings_[n + 1];
+bool swapsColours(const Pairing& first, const Pairing& second) {
     return first.black == second.white && first.white == second.black &&
            first.depthA == second.depthA && first.depthB == second.depthB;
 }

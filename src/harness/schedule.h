@@ -53,13 +53,13 @@ class Schedule {
     // otherwise four blanks and the labels joined by " , ".
     std::string header() const;
 
-    // Whether pairings n and n + 1 (from 0) are the same two players at the
-    // same depths with the colours changed.
-    bool swapsColours(std::size_t n) const;
-
   private:
     std::vector<Pairing> pairings_;
 };
+
+// Whether the two pairings are the same two players at the same depths with
+// the colours changed.
+bool swapsColours(const Pairing& first, const Pairing& second);
 
 // The caption a side gets when a schedule gives none: "Computer A 3" and the like.
 std::string sideCaption(PlayerKind kind, std::int16_t depthA, std::int16_t depthB);

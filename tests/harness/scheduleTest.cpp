@@ -41,11 +41,11 @@ TEST(Schedule, TheShippedFilesGiveTheFixedScheduleAndARoundTrippingOwnOne) {
     EXPECT_EQ((*deep.schedule)[4].blackCaption, "Computer A know B 4");
     for (const ScheduleRead* r : {&fixed, &deep})
         for (std::size_t n = 0; n < r->schedule->size(); n += 2)
-            EXPECT_TRUE(r->schedule->swapsColours(n)) << n;
-    // Other depths, or no neighbour: no pair.
-    const ScheduleRead odd = read("a 1 2 3 2\nb 2 1 2 3 # comment\n\nc 1 2 3 3\n");
-    ASSERT_EQ(odd.schedule->size(), 3u);
-    EXPECT_FALSE(odd.schedule->swapsColours(0) || odd.schedule->swapsColours(2));
+            EXPECT_TRUE(swapsColours((*r->schedule)[n], (*r->schedule)[n + 1])) << n;
+    // Other depths, or the same colours: no pair.
+    const Schedule odd = *read("a 1 2 3 2\nb 2 1 2 3 # comment\n\nc 1 2 3 2\n").schedule;
+    ASSERT_EQ(odd.size(), 3u);
+    EXPECT_FALSE(swapsColours(odd[0], odd[1]) || swapsColours(odd[0], odd[2]));
 }
 
 TEST(Schedule, ABadFileIsRefusedWithItsLineAndTheReason) {

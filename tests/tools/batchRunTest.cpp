@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include <atomic>
 #include <regex>
 #include <sstream>
@@ -12,8 +14,9 @@
 
 #include "batch/batchRun.h"
 #include "batch/commands.h"
+#include "batch/gamesCsv.h"
 #include "batch/runKeeper.h"
-#include "batch/summaryTable.h"
+#include "batch/statistics.h"
 #include "boardfile/boardFile.h"
 #include "harness/fakes.h"
 #include "harness/scheduleFile.h"
@@ -22,6 +25,8 @@
 
 namespace quintline::batch {
 namespace {
+
+const Schedule& schedule = Schedule::fixed();
 
 using namespace quintline::testing;
 
@@ -51,7 +56,74 @@ TournamentCommand tournament(int cycles, std::optional<std::uint64_t> seed, unsi
     return command;
 }
 
-TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
+// Lines split into fields at `separator`, or into words at blanks.
+std::vector<std::vector<std::string>> fields(const std::string& text, char separator = ' ') {
+    std::vector<std::vector<std::string>> rows;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream in(line);
+        rows.emplace_back();
+        for (std::string field; std::getline(in, field, separator);)
+            if (separator != ' ' || !field.empty()) rows.back().push_back(field);
+    }
+    return rows;
+}
+
+// The CSV rows, the JSON summary and the table of a tournament say what its
+// report's game lines say, and the figures on pairs come from the games of
+// each cycle.
+void expectAgreement(const std::vector<std::string>& report, const std::string& csv,
+                     const nlohmann::json& summary, const std::string& table, int cycles) {
+    const auto rows = fields(csv, ',');
+    const auto words = fields(table);
+    ASSERT_EQ(rows.size(), 1 + cycles * schedule.size());
+    EXPECT_EQ(csv.substr(0, gamesCsvHeader.size()), gamesCsvHeader);
+    std::vector<std::array<std::size_t, 4>> counts(schedule.size());  // W, D, L, credits
+    std::vector<Pentanomial> pentanomials(schedule.size() / 2);
+    for (int c = 0; c < cycles; ++c) {
+        std::string line = " ";  // no board file path, then the groups
+        std::vector<int> points;
+        for (std::size_t n = 0; n < schedule.size(); ++n) {
+            const auto& row = rows[1 + static_cast<std::size_t>(c) * schedule.size() + n];
+            const Pairing& p = schedule[n];
+            EXPECT_EQ(std::vector(row.begin(), row.begin() + 8),
+                      (std::vector<std::string>{std::to_string(c + 1), "", std::to_string(n + 1),
+                                                std::string(p.label), std::to_string(p.black),
+                                                std::to_string(p.white), std::to_string(p.depthA),
+                                                std::to_string(p.depthB)}));
+            EXPECT_EQ(row[11], rows[1 + static_cast<std::size_t>(c) * schedule.size()][11]);
+            EXPECT_TRUE(row[11].starts_with("8.8-") && std::ranges::count(row[11], '-') == 5);
+            line += row[10] + " " + row[9] + " ";
+            const int result = std::stoi(row[8]);
+            points.push_back(result == 0 ? 1 : isAFamily(result > 0 ? p.black : p.white) ? 2 : 0);
+            ++counts[n][static_cast<std::size_t>(2 - points.back())];
+            counts[n][3] += row[10] == "A";
+        }
+        EXPECT_EQ(report[2 + static_cast<std::size_t>(c)], line);
+        for (std::size_t k = 0; k < pentanomials.size(); ++k)
+            ++pentanomials[k][static_cast<std::size_t>(points[2 * k] + points[2 * k + 1])];
+    }
+    for (std::size_t n = 0; n < schedule.size(); ++n) {
+        const auto& j = summary["pairings"][n];
+        const std::array<std::size_t, 4> json{j["aWins"], j["draws"], j["aLosses"], j["aCredits"]};
+        const std::array<std::size_t, 4> printed{
+            std::stoul(words[1 + n][6]), std::stoul(words[1 + n][7]), std::stoul(words[1 + n][8]),
+            std::stoul(words[1 + n][3])};
+        EXPECT_EQ(std::tuple(json, printed), std::tuple(counts[n], counts[n])) << n;
+    }
+    for (std::size_t k = 0; k < pentanomials.size(); ++k) {
+        const auto& row = words[17 + k];
+        EXPECT_EQ(summary["pairs"][k]["pentanomial"].get<Pentanomial>(), pentanomials[k]);
+        EXPECT_EQ(
+            std::vector(row.end() - 5, row.end()),
+            fields(std::to_string(pentanomials[k][0]) + " " + std::to_string(pentanomials[k][1]) +
+                   " " + std::to_string(pentanomials[k][2]) + " " +
+                   std::to_string(pentanomials[k][3]) + " " +
+                   std::to_string(pentanomials[k][4]))[0]);
+    }
+}
+
+TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReportAndAgreeingFiguresBeside) {
     ScratchDirectory dir;
     const SearchSet shallow = shallowSearches();
     constexpr int cycles = 5;
@@ -62,30 +134,33 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
     runTournament(library.game, uniform, libraryClock, dir / "library.txt");
     const auto lines = reportLines(dir / "library.txt");
     ASSERT_EQ(lines.size(), 2u + cycles + 3u);
-    CreditCounts credits(14);  // from the summary line
-    std::istringstream summary(lines[2 + cycles]);
-    for (std::string field; auto& credit : credits)
-        credit =
-            std::getline(summary, field, ',') ? static_cast<std::int16_t>(std::stoi(field)) : -1;
 
+    std::vector<std::string> outputs;
     for (unsigned jobs : {1u, 2u}) {
         ScriptedClock clock = sameClock();
         std::atomic<bool> stop{false};
         Environment environment{clock, stop, shallow};
         std::ostringstream out, err;
-        const auto report = dir / ("jobs" + std::to_string(jobs) + ".txt");
+        const auto name = dir / ("jobs" + std::to_string(jobs));
+        TournamentCommand command = tournament(cycles, 2024, jobs, name.string() + ".txt");
+        command.run.gamesCsv = name.string() + ".csv";
+        command.run.summaryJson = name.string() + ".json";
         const bool progress = jobs == 2;
-        EXPECT_EQ(tournamentCommand(tournament(cycles, 2024, jobs, report), environment,
-                                    {out, err, progress}),
-                  exitDone);
-        EXPECT_EQ(readBytes(report), readBytes(dir / "library.txt")) << jobs;
-        EXPECT_EQ(out.str(), summaryTable(Schedule::fixed(), credits, cycles));
+        EXPECT_EQ(tournamentCommand(command, environment, {out, err, progress}), exitDone);
+        EXPECT_EQ(readBytes(name.string() + ".txt"), readBytes(dir / "library.txt")) << jobs;
         // The progress line, rewritten in place and ended at the end, only when asked for.
         EXPECT_TRUE(progress ? err.str().find("\r70/70 games") != std::string::npos &&
                                    err.str().back() == '\n'
                              : err.str().empty())
             << err.str();
+        nlohmann::json summary = nlohmann::json::parse(readBytes(name.string() + ".json"));
+        EXPECT_EQ(summary["run"], nlohmann::json::parse(R"({"command": "tournament", "seed": 2024,
+            "jobs": )" + std::to_string(jobs) + R"(, "played": 5, "stoppedBy": null})"));
+        expectAgreement(lines, readBytes(name.string() + ".csv"), summary, out.str(), cycles);
+        summary["run"].erase("jobs");
+        outputs.push_back(out.str() + readBytes(name.string() + ".csv") + summary.dump());
     }
+    EXPECT_EQ(outputs[0], outputs[1]);
 }
 
 TEST(BatchRun, WithoutASeedTheClockSeedIsPrintedAndRepeatsTheRun) {
@@ -175,7 +250,8 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     const std::string d = dir.path().string() + "/";
     writeBytes(d + "s.txt",
                "A-K-B(2):B(2) 3 2 2 2\nB(2):A-K-B(2) 2 3 2 2\n"
-               "A(3):B-K-A(2) 1 4 3 2 \"A]\\\" \"b\" # escaped in the SGF\n");
+               "A(3):B-K-A(2) 1 4 3 2 \"A]\\\" \"b\" # escaped in the SGF\n"
+               "B(2):A(2) 2 1 2 2\n");
     std::ostringstream out, err;
     ASSERT_EQ(runLine("tournament --cycles 3 --seed 11 --report @r.txt --games @g --sgf @a.sgf "
                       "--schedule @s.txt",
@@ -184,10 +260,11 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
         << err.str();
     const auto lines = reportLines(d + "r.txt");
     ASSERT_EQ(lines.size(), 8u);
-    EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2)");
+    EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(2):A(2)");
     const Schedule schedule = *loadSchedule(d + "s.txt").schedule;
-    EXPECT_NE(out.str().find("1-2 A-K-B(2):B(2) / B(2):A-K-B(2)"), std::string::npos);
-    EXPECT_EQ(out.str().find("3-4"), std::string::npos);
+    // Pairings 3 and 4 are other players: no pair statistics.
+    EXPECT_NE(out.str().find("\n1-2 "), std::string::npos);
+    EXPECT_EQ(out.str().find("\n3-4 "), std::string::npos);
 
     const std::string sgf = readBytes(d + "a.sgf");
     const std::regex tree(
@@ -204,7 +281,7 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
         for (std::size_t n = 0; n < schedule.size(); ++n, ++trees) {
             SCOPED_TRACE(std::to_string(cycle) + "." + std::to_string(n + 1));
             const std::string file = d + "g/" + recordFileName(true, cycle, n + 1);
-            const ResultGroup group = playPairing(library.game, schedule[n], opening);
+            const ResultGroup group = playPairing(library.game, schedule[n], opening).group;
             EXPECT_EQ(readBytes(file), formatBoardFile(library.game.state()));
             GameState& s = viewer.game.state();
             s.boardFilePath = file;

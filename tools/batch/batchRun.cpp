@@ -66,9 +66,8 @@ std::optional<std::vector<PlayedGame>> playJob(Game& game, const Schedule& sched
     games.reserve(schedule.size());
     for (const Pairing& pairing : schedule) {
         if (halted()) return std::nullopt;
-        const ResultGroup group = std::visit(
-            [&](const auto& start) { return playPairing(game, pairing, start); }, job.start);
-        games.push_back(finishedGame(state, group));
+        games.push_back(std::visit(
+            [&](const auto& start) { return playPairing(game, pairing, start); }, job.start));
         if (gameDone) gameDone();
     }
     return games;
@@ -102,12 +101,12 @@ class BatchRun {
 
         BatchOutcome outcome = outcome_;
         const bool complete = exhausted_ && writer_.handedOn() == handedOut_;
-        outcome.stopped = !complete && !outcome.reportFailed;
+        outcome.stopped = !complete && !outcome.reportFailed && !outcome.endedEarly;
         return outcome;
     }
 
   private:
-    bool halted() const { return stop_.load() || failed_.load(); }
+    bool halted() const { return stop_.load() || failed_.load() || ended_.load(); }
 
     std::size_t gamesExpected() const {
         const std::size_t jobs = source_.expected();
@@ -144,10 +143,14 @@ class BatchRun {
         game->newGame();
         while (auto taken = take()) {
             auto& [index, job] = *taken;
+            FinishedJob finished{{static_cast<std::size_t>(job.number),
+                                  job.boardFilePath,
+                                  std::holds_alternative<Opening>(job.start),
+                                  {}},
+                                 job.refusal};
             if (!job.refusal.empty()) {
                 ++refused_;
-                writer_.complete(index,
-                                 FinishedJob{job.number, job.boardFilePath, {}, job.refusal});
+                writer_.complete(index, std::move(finished));
                 continue;
             }
             auto games = playJob(
@@ -157,27 +160,37 @@ class BatchRun {
                 writer_.cut(index);
                 break;
             }
-            writer_.complete(index,
-                             FinishedJob{job.number, job.boardFilePath, std::move(*games), {}});
+            finished.cycle.games = std::move(*games);
+            writer_.complete(index, std::move(finished));
         }
         std::lock_guard lock(doneMutex_);
         --running_;
         doneCondition_.notify_all();
     }
 
-    // Runs under the writer's lock, in run order.
+    // Runs under the writer's lock, in run order: the job's records, its
+    // line, what follows the line, and the keeper's note of how far the run is.
     bool write(const FinishedJob& job) {
+        if (outcome_.endedEarly) return false;
+        const FinishedCycle& cycle = job.cycle;
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
         } else {
             CycleResults results;
-            for (const PlayedGame& game : job.games) results.push_back(game.group);
-            if (keeper_ && !keeper_->keepRecords(job, messages_)) return fail(false);
-            if (!report_.addGameLine(job.boardFilePath, results)) return fail(true);
+            for (const PlayedGame& game : cycle.games) results.push_back(game.group);
+            if (keeper_ && !keeper_->keepRecords(cycle, messages_)) return fail(false);
+            if (!report_.addGameLine(cycle.boardFilePath, results)) return fail(true);
             countCredits(outcome_.credits, results);
             ++outcome_.lines;
+            const AfterCycle after =
+                settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn;
+            if (after == AfterCycle::outputFailed) return fail(false);
+            if (after == AfterCycle::stop) {
+                outcome_.endedEarly = true;
+                ended_ = true;
+            }
         }
-        outcome_.lastPath = job.boardFilePath;
+        outcome_.lastPath = cycle.boardFilePath;
         ++outcome_.passed;
         if (keeper_) keeper_->passed(outcome_);
         return true;
@@ -202,6 +215,7 @@ class BatchRun {
     std::size_t handedOut_ = 0;
 
     std::atomic<bool> failed_{false};
+    std::atomic<bool> ended_{false};  // afterLine ended the run
     std::atomic<std::size_t> gamesDone_{0};
     std::atomic<std::size_t> refused_{0};
 

@@ -33,14 +33,6 @@ struct BatchJob {
     std::string refusal;  // why the entry's board file was refused; nothing is played then
 };
 
-// A job whose games are all played, or a refused entry.
-struct FinishedJob {
-    int number = 0;
-    std::string boardFilePath;
-    std::vector<PlayedGame> games;  // one per pairing, none for a refused entry
-    std::string refusal;
-};
-
 // The games of one job, one per pairing in schedule order, or nothing when
 // `halted` turned true before the last of them began. `gameDone` is called
 // after each game. Plays on `game` alone and touches no file.
@@ -92,10 +84,27 @@ class TestSuiteJobs final : public JobSource {
     int skipped_ = 0;
 };
 
+// A cycle or entry whose report line has just been written, in run order.
+struct FinishedCycle {
+    std::size_t number = 0;     // the cycle, or the entry's place in the list; from 1
+    std::string boardFilePath;  // the entry's path; empty in a tournament
+    bool tournament = true;
+    std::vector<PlayedGame> games;  // one per pairing, in pairing order
+};
+
+// What the run does after a cycle's line is written.
+enum class AfterCycle {
+    carryOn,
+    stop,          // this was the last cycle: nothing after it is played or written
+    outputFailed,  // the cycle's own output could not be written: stop as for the report
+};
+
 struct BatchSettings {
     const Schedule* schedule = &Schedule::fixed();
     unsigned jobs = 1;
     SearchSet searches{};
+    // Called under the writer's lock for each cycle or entry whose line was written.
+    std::function<AfterCycle(const FinishedCycle&)> afterLine;
     // Called from the calling thread every progressInterval while games run,
     // and once at the end.
     std::function<void(std::size_t gamesDone, std::size_t gamesExpected)> onProgress;
@@ -109,7 +118,14 @@ struct BatchOutcome {
     CreditCounts credits{};     // A credits of exactly those lines
     std::string lastPath;       // the path of the last entry passed in order, refused ones included
     bool stopped = false;       // the stop flag cut the run short
-    bool reportFailed = false;  // a game line could not be appended; the run stopped there
+    bool reportFailed = false;  // a game line or its own output could not be written
+    bool endedEarly = false;    // afterLine asked to stop
+};
+
+// A job whose games are all played, or a refused entry.
+struct FinishedJob {
+    FinishedCycle cycle;
+    std::string refusal;  // no games then
 };
 
 // What a run keeps beside its report, told of each job in run order.
@@ -118,18 +134,20 @@ class JobKeeper {
     virtual ~JobKeeper() = default;
     // A played job, before its report line: false (with the reason said on
     // `messages`) ends the run before that line.
-    virtual bool keepRecords(const FinishedJob& job, MessageLog& messages) = 0;
-    // After the job's line, or after a refused entry, with the counts so far.
+    virtual bool keepRecords(const FinishedCycle& cycle, MessageLog& messages) = 0;
+    // After the job's line and afterLine, or after a refused entry, with the
+    // counts so far.
     virtual void passed(const BatchOutcome& soFar) = 0;
 };
 
 // Plays every job on up to settings.jobs threads and appends one game line per
 // cycle or entry to the report, which the caller has opened and closes. A
 // refused entry gets a message on `messages` and no line, as in the program.
-// Once `stop` is set no job starts, every thread finishes the game it is
-// playing and abandons the rest of its job; the lines written are then the
-// longest run of finished jobs from the first one on. `before` holds the
-// counts of earlier parts of the block (credits sized to the schedule).
+// Once `stop` is set, or afterLine ends the run, no job starts, every thread
+// finishes the game it is playing and abandons the rest of its job; the lines
+// written are then the longest run of finished jobs from the first one on (up
+// to the one after which afterLine stopped). `before` holds the counts of
+// earlier parts of the block (credits sized to the schedule).
 BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& settings,
                        const std::atomic<bool>& stop, MessageLog& messages,
                        JobKeeper* keeper = nullptr, BatchOutcome before = {});

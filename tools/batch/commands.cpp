@@ -2,6 +2,7 @@
 
 #include <ctime>
 #include <filesystem>
+#include <functional>
 #include <sstream>
 #include <string>
 
@@ -11,6 +12,7 @@
 #include "batch/progress.h"
 #include "batch/resumeCheck.h"
 #include "batch/runKeeper.h"
+#include "batch/runOutputs.h"
 #include "batch/runState.h"
 #include "batch/summaryTable.h"
 #include "harness/batchMessages.h"
@@ -85,9 +87,49 @@ Schedule scheduleOf(const RunState& state, std::string& fault) {
     return Schedule::fixed();
 }
 
+bool sprtPairFits(const SprtOptions& sprt, const Schedule& schedule) {
+    const std::size_t first = 2 * static_cast<std::size_t>(sprt.pair - 1);
+    return first + 1 < schedule.size() && swapsColours(schedule[first], schedule[first + 1]);
+}
+
+// The run's tail, the tables of what was played, the JSON summary, the
+// sidecar and the exit status. The sidecar goes once the block is complete,
+// an SPRT stop included; after a stop or a failed write it stays for resume.
+int finish(const BatchOutcome& outcome, Report& report, RunOutputs& outputs, RunKeeper& keeper,
+           RunFacts facts, Console console, MessageLog& messages) {
+    if (console.progress) console.err << '\n';
+    bool broken = outcome.reportFailed;
+    if (!broken && !report.close(outcome.lastPath, outcome.credits)) {
+        complain(console.err, reportStopped(report.file()));
+        broken = true;
+    }
+    if (broken || outcome.stopped) {
+        keeper.save(messages);
+    } else {
+        std::error_code ignored;
+        std::filesystem::remove(sidecarPath(report.file()), ignored);
+    }
+    if (outcome.stopped && !broken)
+        complain(console.err, "stopped: " + std::to_string(outcome.lines) +
+                                  " whole lines kept in " + report.file().string() +
+                                  " (continue with: " + std::string(programName) +
+                                  " resume --report " + report.file().string() + ")");
+    facts.played = outcome.lines;
+    facts.stoppedBy = broken               ? StopCause::report
+                      : outcome.endedEarly ? StopCause::sprt
+                      : outcome.stopped    ? StopCause::interrupt
+                                           : StopCause::none;
+    console.out << summaryTable(outputs.tally(), outputs.sprt());
+    if (!outputs.writeSummary(facts)) {
+        complain(console.err, reportStopped(outputs.summaryPath()));
+        return exitRefused;
+    }
+    return broken ? exitRefused : outcome.stopped ? exitStopped : exitDone;
+}
+
 // Plays the block that `state` describes, from its start or, when resuming,
-// from where it stopped; appends to the report and keeps the records and the
-// sidecar; prints the table and gives the exit status.
+// from where it stopped: checks every input first, then appends to the report
+// and keeps the records, the other outputs and the sidecar.
 int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& environment,
               Console console) {
     std::string fault;
@@ -95,24 +137,39 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
     TestSuiteList list;
     if (fault.empty() && !state.tournament && !list.open(state.list, fault))
         fault = listNotStarted(fault);
+    if (fault.empty() && state.options.sprt && !sprtPairFits(*state.options.sprt, schedule))
+        fault = "--sprt " + std::to_string(state.options.sprt->pair) + ": pairings " +
+                std::to_string(2 * state.options.sprt->pair - 1) + " and " +
+                std::to_string(2 * state.options.sprt->pair) +
+                " of the schedule are not the same players with the colours swapped";
     if (fault.empty() && resuming) {
         fault = reportFault(state, schedule.size(), schedule.header());
         if (fault.empty() && sizeOrZero(state.options.sgf) < state.sgfSize)
             fault = state.options.sgf + " is shorter than the run left it; nothing resumed";
+        if (fault.empty() && sizeOrZero(state.options.gamesCsv) < state.csvSize)
+            fault = state.options.gamesCsv + " is shorter than the run left it; nothing resumed";
     }
-    RunKeeper keeper(state, schedule);
-    if (!fault.empty() || !keeper.prepare(fault)) {
+    RunOutputs outputs(state.options, schedule.pairings());
+    RunKeeper keeper(state, schedule, outputs);
+    if (fault.empty()) keeper.prepare(fault);
+    if (fault.empty())
+        if (const auto path = outputs.prepare(resuming)) fault = reportNotStarted(*path);
+    if (!fault.empty()) {
         complain(console.err, fault);
         return exitRefused;
     }
 
     Report report(state.report, environment.clock);
     MessageLog messages(console.err, console.progress);
+    const RunFacts facts{state.tournament ? "tournament" : "testsuite",
+                         state.tournament ? std::optional(state.seed) : std::nullopt, jobCount, 0,
+                         StopCause::none};
     if (resuming) {
         // Cut what the interrupted part left behind its last counted line.
         std::filesystem::resize_file(state.report, state.reportSize);
         if (!state.options.sgf.empty())
             std::filesystem::resize_file(state.options.sgf, state.sgfSize);
+        outputs.restore(state.tally);
         report.resume(static_cast<float>(state.usedSeconds));
     } else {
         state.reportSizeBefore = sizeOrZero(state.report);
@@ -125,6 +182,12 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         state.sgfSize = sizeOrZero(state.options.sgf);
         state.credits.assign(schedule.size(), 0);
     }
+    BatchOutcome outcome{state.lines, state.passed, state.credits, state.lastPath};
+    if (const auto path = outputs.start(resuming ? state.csvSize : 0)) {
+        complain(console.err, reportStopped(*path));
+        outcome.reportFailed = true;
+        return finish(outcome, report, outputs, keeper, facts, console, messages);
+    }
     keeper.save(messages);
 
     SeededUniform uniform(state.seed);
@@ -136,28 +199,13 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         jobs = std::make_unique<TestSuiteJobs>(list, first);
     BatchSettings settings = settingsFor(jobCount, environment, console);
     settings.schedule = &schedule;
-    const BatchOutcome before{state.lines, state.passed, state.credits, state.lastPath};
-    const BatchOutcome outcome =
-        playBatch(*jobs, report, settings, environment.stop, messages, &keeper, before);
-
-    if (console.progress) console.err << '\n';
-    if (outcome.reportFailed) return exitRefused;
-    if (!report.close(outcome.lastPath, outcome.credits)) {
-        complain(console.err, reportStopped(report.file()));
-        return exitRefused;
-    }
-    if (outcome.stopped) {
-        keeper.save(messages);
-        complain(console.err, "stopped: " + std::to_string(outcome.lines) +
-                                  " whole lines kept in " + report.file().string() +
-                                  " (continue with: " + std::string(programName) +
-                                  " resume --report " + report.file().string() + ")");
-    } else {
-        std::error_code ignored;
-        std::filesystem::remove(sidecarPath(state.report), ignored);
-    }
-    console.out << summaryTable(schedule, outcome.credits, outcome.lines);
-    return outcome.stopped ? exitStopped : exitDone;
+    settings.afterLine = [&](const FinishedCycle& cycle) {
+        const AfterCycle after = outputs.afterLine(cycle);
+        if (after == AfterCycle::outputFailed) messages.line(reportStopped(outputs.failedPath()));
+        return after;
+    };
+    outcome = playBatch(*jobs, report, settings, environment.stop, messages, &keeper, outcome);
+    return finish(outcome, report, outputs, keeper, facts, console, messages);
 }
 
 }  // namespace

@@ -24,8 +24,8 @@ std::string recordFileName(bool tournament, int number, std::size_t pairing) {
     return name;
 }
 
-RunKeeper::RunKeeper(RunState& state, const Schedule& schedule)
-    : state_(state), schedule_(schedule), usedBefore_(state.usedSeconds) {}
+RunKeeper::RunKeeper(RunState& state, const Schedule& schedule, const RunOutputs& outputs)
+    : state_(state), schedule_(schedule), outputs_(outputs), usedBefore_(state.usedSeconds) {}
 
 bool RunKeeper::prepare(std::string& fault) {
     if (state_.options.games.empty()) return true;
@@ -38,14 +38,15 @@ bool RunKeeper::prepare(std::string& fault) {
     return true;
 }
 
-bool RunKeeper::keepRecords(const FinishedJob& job, MessageLog& messages) {
+bool RunKeeper::keepRecords(const FinishedCycle& job, MessageLog& messages) {
     const std::string& dir = state_.options.games;
     std::string trees;
     for (std::size_t n = 0; n < job.games.size(); ++n) {
         const PlayedGame& game = job.games[n];
         if (!dir.empty()) {
             const std::string file =
-                (std::filesystem::path(dir) / recordFileName(state_.tournament, job.number, n + 1))
+                (std::filesystem::path(dir) /
+                 recordFileName(state_.tournament, static_cast<int>(job.number), n + 1))
                     .string();
             if (!replaceFile(file, formatBoardFile(game.record))) {
                 messages.line(file + " can not be written! Run stopped");
@@ -59,7 +60,7 @@ bool RunKeeper::keepRecords(const FinishedJob& job, MessageLog& messages) {
         info.round = std::to_string(job.number) + "." + std::to_string(n + 1);
         info.black = schedule_[n].blackCaption;
         info.white = schedule_[n].whiteCaption;
-        info.outcome = game.outcome;
+        info.outcome = game.result;
         info.date = state_.date;
         info.application = "quintline-batch:" QUINTLINE_VERSION;
         trees += sgfGameTree(info, game.record.moves);
@@ -78,6 +79,8 @@ void RunKeeper::passed(const BatchOutcome& soFar) {
     state_.credits = soFar.credits;
     state_.reportSize = sizeOf(state_.report);
     if (!state_.options.sgf.empty()) state_.sgfSize = sizeOf(state_.options.sgf);
+    if (!state_.options.gamesCsv.empty()) state_.csvSize = sizeOf(state_.options.gamesCsv);
+    state_.tally = outputs_.tally().counts();
     if (messages_) save(*messages_);
 }
 

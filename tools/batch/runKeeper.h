@@ -9,6 +9,7 @@
 #include <string>
 
 #include "batch/batchRun.h"
+#include "batch/runOutputs.h"
 #include "batch/runState.h"
 #include "harness/schedule.h"
 
@@ -22,12 +23,12 @@ class RunKeeper final : public JobKeeper {
   public:
     // `state` is the run's sidecar as it stands; its usedSeconds are those of
     // the earlier parts.
-    RunKeeper(RunState& state, const Schedule& schedule);
+    RunKeeper(RunState& state, const Schedule& schedule, const RunOutputs& outputs);
 
     // Creates the records folder; false with the reason when it can't be made.
     bool prepare(std::string& fault);
 
-    bool keepRecords(const FinishedJob& job, MessageLog& messages) override;
+    bool keepRecords(const FinishedCycle& cycle, MessageLog& messages) override;
     void passed(const BatchOutcome& soFar) override;
 
     // Seconds used by every part so far.
@@ -38,6 +39,7 @@ class RunKeeper final : public JobKeeper {
   private:
     RunState& state_;
     const Schedule& schedule_;
+    const RunOutputs& outputs_;
     double usedBefore_;
     std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
     bool saveFailed_ = false;

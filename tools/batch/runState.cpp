@@ -7,6 +7,8 @@
 
 namespace quintline::batch {
 
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(WinDrawLoss, wins, draws, losses)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TallyCounts, games, credits, pentanomials)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(SprtOptions, pair, elo0, elo1, alpha, beta)
 
 void to_json(nlohmann::json& json, const RunOptions& o) {
@@ -33,7 +35,7 @@ void from_json(const nlohmann::json& json, RunOptions& o) {
 
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(RunState, command, tournament, cycles, seed, list, schedule,
                                    report, options, date, reportSizeBefore, reportSize, sgfSize,
-                                   lines, passed, lastPath, credits, usedSeconds)
+                                   csvSize, lines, passed, lastPath, credits, tally, usedSeconds)
 
 std::filesystem::path sidecarPath(const std::filesystem::path& report) {
     return report.string() + ".run.json";

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "batch/arguments.h"
+#include "batch/runTally.h"
 
 namespace quintline::batch {
 
@@ -33,10 +34,12 @@ struct RunState {
     std::uint64_t reportSizeBefore = 0;
     std::uint64_t reportSize = 0;
     std::uint64_t sgfSize = 0;
+    std::uint64_t csvSize = 0;
     std::size_t lines = 0;
     std::size_t passed = 0;
     std::string lastPath;
     std::vector<std::int16_t> credits;
+    TallyCounts tally;
     double usedSeconds = 0.0;
 };
 
