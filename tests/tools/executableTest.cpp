@@ -7,9 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include <chrono>
 #include <csignal>
 #include <functional>
+#include <map>
 #include <string>
 #include <thread>
 #include <vector>
@@ -121,6 +124,70 @@ TEST(Program, CtrlCKeepsTheBlockOfTheEntriesPlayedSoFar) {
     EXPECT_EQ(reportLines(dir / "result.txt", true), libraryRun("kept.txt"));
     const std::string last = "late" + std::to_string((games - 1) % 3) + ".txt";
     EXPECT_EQ(lines[static_cast<std::size_t>(3 + games)].rfind(last + "End Time: ", 0), 0u);
+}
+
+// Every file a run keeps, by name relative to `dir`, without the times of the report.
+std::map<std::string, std::string> keptFiles(const std::filesystem::path& dir) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(dir))
+        if (entry.is_regular_file() && entry.path().extension() != ".log")
+            files[entry.path().lexically_relative(dir).string()] = readBytes(entry.path());
+    std::string untimed;
+    for (const std::string& line : reportLines(dir / "r.txt", true)) untimed += line + '\n';
+    files["r.txt"] = untimed;
+    return files;
+}
+
+// Waits until the report holds at least `lines` lines, then sends `signal`.
+std::function<void(pid_t)> signalAt(const std::filesystem::path& report, std::size_t lines,
+                                    int signal) {
+    return [=](pid_t pid) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(5);
+        while (reportLines(report).size() < lines && std::chrono::steady_clock::now() < deadline)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        kill(pid, signal);
+    };
+}
+
+TEST(Program, ARunStoppedByCtrlCThenKilledResumesToTheUninterruptedRun) {
+    ScratchDirectory dir(true);
+    const std::filesystem::path whole = dir / "whole", cut = dir / "cut";
+    const std::vector<std::string> args{
+        "tournament", "--cycles",    "60",    "--seed",         "9",     "--jobs",
+        "2",          "--report",    "r.txt", "--games",        "g",     "--sgf",
+        "a.sgf",      "--games-csv", "g.csv", "--summary-json", "s.json"};
+    std::filesystem::create_directories(whole);
+    std::filesystem::create_directories(cut);
+    ASSERT_EQ(run(args, whole).status, 0);
+
+    ASSERT_EQ(run(args, cut, signalAt(cut / "r.txt", 5, SIGINT)).status, 130);
+    const std::size_t stopped = reportLines(cut / "r.txt").size();
+    ASSERT_EQ(
+        run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", stopped + 3, SIGKILL))
+            .status,
+        128 + SIGKILL);
+    // A report that no longer ends with the run's block is refused, and left alone.
+    const std::string report = readBytes(cut / "r.txt");
+    writeBytes(cut / "r.txt", report + "start Time: 12:00:00\r\n");
+    const Finished refused = run({"resume", "--report", "r.txt"}, cut);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("r.txt does not end with the unfinished run of r.txt.run.json"),
+              std::string::npos)
+        << refused.err;
+    EXPECT_EQ(readBytes(cut / "r.txt"), report + "start Time: 12:00:00\r\n");
+    // A torn last line is cut.
+    writeBytes(cut / "r.txt", report + " A 12 B");
+    const Finished resumed = run({"resume", "--report", "r.txt", "--jobs", "1"}, cut);
+    ASSERT_EQ(resumed.status, 0) << resumed.err;
+    EXPECT_FALSE(std::filesystem::exists(cut / "r.txt.run.json"));
+    auto expected = keptFiles(whole), got = keptFiles(cut);
+    EXPECT_EQ(expected.size(), 4u + 60 * 14);
+    for (auto* files : {&expected, &got}) {  // the resumed part ran on one thread
+        auto summary = nlohmann::json::parse(files->at("s.json"));
+        summary["run"].erase("jobs");
+        files->at("s.json") = summary.dump();
+    }
+    EXPECT_TRUE(expected == got);
 }
 
 }  // namespace
