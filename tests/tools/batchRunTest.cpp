@@ -73,53 +73,54 @@ std::vector<std::vector<std::string>> fields(const std::string& text, char separ
 // report's game lines say, and the figures on pairs come from the games of
 // each cycle.
 void expectAgreement(const std::vector<std::string>& report, const std::string& csv,
-                     const nlohmann::json& summary, const std::string& table, int cycles) {
+                     const nlohmann::json& summary, const std::string& table, std::size_t cycles,
+                     std::uint64_t seed) {
     const auto rows = fields(csv, ',');
     const auto words = fields(table);
     ASSERT_EQ(rows.size(), 1 + cycles * schedule.size());
     EXPECT_EQ(csv.substr(0, gamesCsvHeader.size()), gamesCsvHeader);
     std::vector<std::array<std::size_t, 4>> counts(schedule.size());  // W, D, L, credits
     std::vector<Pentanomial> pentanomials(schedule.size() / 2);
-    for (int c = 0; c < cycles; ++c) {
+    SeededUniform uniform(seed);
+    for (std::size_t c = 0; c < cycles; ++c) {
+        std::ostringstream opening;  // the centre, then the seeded stones
+        opening << "8.8";
+        for (const Point& stone : drawOpening(uniform).stones)
+            opening << '-' << stone.x << '.' << stone.y;
         std::string line = " ";  // no board file path, then the groups
         std::vector<int> points;
         for (std::size_t n = 0; n < schedule.size(); ++n) {
-            const auto& row = rows[1 + static_cast<std::size_t>(c) * schedule.size() + n];
+            const auto& row = rows[1 + c * schedule.size() + n];
             const Pairing& p = schedule[n];
-            EXPECT_EQ(std::vector(row.begin(), row.begin() + 8),
-                      (std::vector<std::string>{std::to_string(c + 1), "", std::to_string(n + 1),
-                                                std::string(p.label), std::to_string(p.black),
-                                                std::to_string(p.white), std::to_string(p.depthA),
-                                                std::to_string(p.depthB)}));
-            EXPECT_EQ(row[11], rows[1 + static_cast<std::size_t>(c) * schedule.size()][11]);
-            EXPECT_TRUE(row[11].starts_with("8.8-") && std::ranges::count(row[11], '-') == 5);
+            std::ostringstream fixed;
+            fixed << c + 1 << ",," << n + 1 << ',' << p.label << ',' << p.black << ',' << p.white
+                  << ',' << p.depthA << ',' << p.depthB;
+            EXPECT_EQ(std::vector(row.begin(), row.begin() + 8), fields(fixed.str(), ',')[0]);
+            EXPECT_EQ(row[11], opening.str());
             line += row[10] + " " + row[9] + " ";
             const int result = std::stoi(row[8]);
             points.push_back(result == 0 ? 1 : isAFamily(result > 0 ? p.black : p.white) ? 2 : 0);
             ++counts[n][static_cast<std::size_t>(2 - points.back())];
             counts[n][3] += row[10] == "A";
         }
-        EXPECT_EQ(report[2 + static_cast<std::size_t>(c)], line);
+        EXPECT_EQ(report[2 + c], line);
         for (std::size_t k = 0; k < pentanomials.size(); ++k)
             ++pentanomials[k][static_cast<std::size_t>(points[2 * k] + points[2 * k + 1])];
     }
     for (std::size_t n = 0; n < schedule.size(); ++n) {
         const auto& j = summary["pairings"][n];
+        const auto& row = words[1 + n];
         const std::array<std::size_t, 4> json{j["aWins"], j["draws"], j["aLosses"], j["aCredits"]};
-        const std::array<std::size_t, 4> printed{
-            std::stoul(words[1 + n][6]), std::stoul(words[1 + n][7]), std::stoul(words[1 + n][8]),
-            std::stoul(words[1 + n][3])};
+        const std::array<std::size_t, 4> printed{std::stoul(row[6]), std::stoul(row[7]),
+                                                 std::stoul(row[8]), std::stoul(row[3])};
         EXPECT_EQ(std::tuple(json, printed), std::tuple(counts[n], counts[n])) << n;
     }
     for (std::size_t k = 0; k < pentanomials.size(); ++k) {
-        const auto& row = words[17 + k];
+        std::ostringstream printed;
+        for (std::size_t count : pentanomials[k]) printed << count << ' ';
         EXPECT_EQ(summary["pairs"][k]["pentanomial"].get<Pentanomial>(), pentanomials[k]);
-        EXPECT_EQ(
-            std::vector(row.end() - 5, row.end()),
-            fields(std::to_string(pentanomials[k][0]) + " " + std::to_string(pentanomials[k][1]) +
-                   " " + std::to_string(pentanomials[k][2]) + " " +
-                   std::to_string(pentanomials[k][3]) + " " +
-                   std::to_string(pentanomials[k][4]))[0]);
+        EXPECT_EQ(std::vector(words[17 + k].end() - 5, words[17 + k].end()),
+                  fields(printed.str())[0]);
     }
 }
 
@@ -156,11 +157,46 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReportAndAgreeing
         nlohmann::json summary = nlohmann::json::parse(readBytes(name.string() + ".json"));
         EXPECT_EQ(summary["run"], nlohmann::json::parse(R"({"command": "tournament", "seed": 2024,
             "jobs": )" + std::to_string(jobs) + R"(, "played": 5, "stoppedBy": null})"));
-        expectAgreement(lines, readBytes(name.string() + ".csv"), summary, out.str(), cycles);
+        expectAgreement(lines, readBytes(name.string() + ".csv"), summary, out.str(), cycles, 2024);
         summary["run"].erase("jobs");
         outputs.push_back(out.str() + readBytes(name.string() + ".csv") + summary.dump());
     }
     EXPECT_EQ(outputs[0], outputs[1]);
+}
+
+TEST(BatchRun, AnSprtStopIsTheSameOnOneOrTwoThreadsAndKeepsWhatAShorterRunWrites) {
+    ScratchDirectory dir;
+    std::vector<std::string> kept;  // untimed report lines and CSV
+    std::vector<std::string> printed;
+    int played = 0;
+    for (unsigned jobs : {1u, 2u, 0u}) {  // 0: a plain run of the cycles the test kept
+        ScriptedClock clock = sameClock();
+        std::atomic<bool> stop{false};
+        Environment environment{clock, stop, shallowSearches()};
+        std::ostringstream out, err;
+        const auto name = (dir / ("jobs" + std::to_string(jobs))).string();
+        TournamentCommand command = tournament(jobs ? 40 : played, 11, std::max(jobs, 1u), name);
+        command.run.gamesCsv = name + ".csv";
+        command.run.summaryJson = name + ".json";
+        if (jobs) command.run.sprt = SprtOptions{5, 0, 50, 0.05, 0.05};
+        ASSERT_EQ(tournamentCommand(command, environment, {out, err}), exitDone) << err.str();
+        const auto summary = nlohmann::json::parse(readBytes(name + ".json"));
+        std::string lines;
+        for (const std::string& line : reportLines(name, true)) lines += line + '\n';
+        kept.push_back(lines + readBytes(name + ".csv"));
+        if (!jobs) break;
+        played = summary["run"]["played"];
+        printed.push_back(out.str());
+        const std::string verdict = summary["sprt"]["result"];
+        EXPECT_EQ(verdict == "H1", summary["sprt"]["llr"] >= summary["sprt"]["upper"]);
+        EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["sprt"]["result"].is_string()),
+                  std::tuple("sprt", true));
+        EXPECT_NE(out.str().find("\nSPRT: " + verdict + " accepted, LLR "), std::string::npos);
+        EXPECT_EQ(reportLines(name).size(), 5u + static_cast<std::size_t>(played));
+    }
+    EXPECT_LT(played, 40);
+    EXPECT_EQ(std::tuple(kept[0], printed[0]), std::tuple(kept[1], printed[1]));
+    EXPECT_EQ(kept[0], kept[2]);
 }
 
 TEST(BatchRun, WithoutASeedTheClockSeedIsPrintedAndRepeatsTheRun) {
@@ -210,6 +246,10 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
          "quintline-batch: " + d + "wide.txt:1: expected: label black white"},
         {"resume --report @never.txt", exitRefused, "",
          "no unfinished run to resume: " + d + "never.txt.run.json can not be opened\n"},
+        {"tournament --cycles 3 --report @never.txt --summary-json @no/s.json", exitRefused, "",
+         "quintline-batch: " + d + "no/s.json can not be written! Not started\n"},
+        {"testsuite --list @none.txt --report @never.txt --games-csv @no/g.csv", exitRefused, "",
+         "no/g.csv can not be written! Not started\n"},
         {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""}};
     for (const auto& [line, status, out, err] : rows) {
         SCOPED_TRACE(line);

@@ -9,6 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <functional>
@@ -103,14 +104,16 @@ TEST(Program, ATestSuiteOnOneOrTwoThreadsWritesTheLibraryRunsLinesAndRefusalsOnc
 TEST(Program, CtrlCKeepsTheBlockOfTheEntriesPlayedSoFar) {
     ScratchDirectory dir(true);
     writeLateSuite(dir, "testsuit.txt", 300);
-    const Finished f = run({"testsuite", "--jobs", "2"}, dir.path(), [&](pid_t pid) {
-        // Once the first game line stands behind the start and header lines.
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(5);
-        while (reportLines(dir / "result.txt").size() < 3 &&
-               std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        kill(pid, SIGINT);
-    });
+    const Finished f =
+        run({"testsuite", "--jobs", "2", "--games-csv", "g.csv", "--summary-json", "s.json"},
+            dir.path(), [&](pid_t pid) {
+                // Once the first game line stands behind the start and header lines.
+                const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(5);
+                while (reportLines(dir / "result.txt").size() < 3 &&
+                       std::chrono::steady_clock::now() < deadline)
+                    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                kill(pid, SIGINT);
+            });
     EXPECT_EQ(f.status, 130) << f.err;
     const auto lines = reportLines(dir / "result.txt");
     ASSERT_GE(lines.size(), 6u);
@@ -119,6 +122,15 @@ TEST(Program, CtrlCKeepsTheBlockOfTheEntriesPlayedSoFar) {
               std::string::npos)
         << f.err;
     EXPECT_NE(f.out.find("1 A(3):B(2)"), std::string::npos);
+    // The CSV and the summary cover the same entries, each row naming its entry.
+    const auto summary = nlohmann::json::parse(readBytes(dir / "s.json"));
+    EXPECT_EQ(
+        std::tuple(summary["run"]["stoppedBy"], summary["run"]["played"], summary["run"]["seed"]),
+        std::tuple("interrupt", games, nullptr));
+    const std::string csv = readBytes(dir / "g.csv");
+    EXPECT_EQ(std::ranges::count(csv, '\n'), 1 + games * 14);
+    const std::string lastRow = "\n,late" + std::to_string((games - 1) % 3) + ".txt,14,B-K-A(3)";
+    EXPECT_EQ(csv.rfind(lastRow), csv.rfind('\n', csv.size() - 2)) << csv;
     // Exactly the block a run of that many entries writes, its tail naming the last of them.
     writeLateSuite(dir, "kept.txt", games);
     EXPECT_EQ(reportLines(dir / "result.txt", true), libraryRun("kept.txt"));

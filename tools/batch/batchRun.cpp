@@ -170,8 +170,7 @@ class BatchRun {
 
     // Runs under the writer's lock, in run order: the job's records, its
     // line, what follows the line, and the keeper's note of how far the run is.
-    bool write(const FinishedJob& job) {
-        if (outcome_.endedEarly) return false;
+    Handed write(const FinishedJob& job) {
         const FinishedCycle& cycle = job.cycle;
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
@@ -182,25 +181,28 @@ class BatchRun {
             if (!report_.addGameLine(cycle.boardFilePath, results)) return fail(true);
             countCredits(outcome_.credits, results);
             ++outcome_.lines;
-            const AfterCycle after =
-                settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn;
-            if (after == AfterCycle::outputFailed) return fail(false);
-            if (after == AfterCycle::stop) {
-                outcome_.endedEarly = true;
-                ended_ = true;
+            switch (settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn) {
+                case AfterCycle::outputFailed:
+                    return fail(false);
+                case AfterCycle::stop:
+                    outcome_.endedEarly = true;
+                    ended_ = true;
+                    break;
+                case AfterCycle::carryOn:
+                    break;
             }
         }
         outcome_.lastPath = cycle.boardFilePath;
         ++outcome_.passed;
         if (keeper_) keeper_->passed(outcome_);
-        return true;
+        return outcome_.endedEarly ? Handed::last : Handed::carryOn;
     }
 
-    bool fail(bool report) {
+    Handed fail(bool report) {
         if (report) messages_.line(reportStopped(report_.file()));
         outcome_.reportFailed = true;
         failed_ = true;
-        return false;
+        return Handed::refused;
     }
 
     JobSource& source_;
