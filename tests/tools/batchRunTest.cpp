@@ -301,7 +301,7 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     const auto lines = reportLines(d + "r.txt");
     ASSERT_EQ(lines.size(), 8u);
     EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(2):A(2)");
-    const Schedule schedule = *loadSchedule(d + "s.txt").schedule;
+    const Schedule own = *loadSchedule(d + "s.txt").schedule;
     // Pairings 3 and 4 are other players: no pair statistics.
     EXPECT_NE(out.str().find("\n1-2 "), std::string::npos);
     EXPECT_EQ(out.str().find("\n3-4 "), std::string::npos);
@@ -318,10 +318,10 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     for (int cycle = 1; cycle <= 3; ++cycle) {
         const Opening opening = drawOpening(uniform);
         std::istringstream groups(lines[static_cast<std::size_t>(cycle) + 1]);
-        for (std::size_t n = 0; n < schedule.size(); ++n, ++trees) {
+        for (std::size_t n = 0; n < own.size(); ++n, ++trees) {
             SCOPED_TRACE(std::to_string(cycle) + "." + std::to_string(n + 1));
             const std::string file = d + "g/" + recordFileName(true, cycle, n + 1);
-            const ResultGroup group = playPairing(library.game, schedule[n], opening).group;
+            const ResultGroup group = playPairing(library.game, own[n], opening).group;
             EXPECT_EQ(readBytes(file), formatBoardFile(library.game.state()));
             GameState& s = viewer.game.state();
             s.boardFilePath = file;
@@ -330,7 +330,7 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
             while (s.movesAhead > 0);
             ResultGroup reported;
             groups >> reported.letter >> reported.stones;
-            EXPECT_EQ(creditGame(schedule[n], s.gameResult, s.stepNum), reported);
+            EXPECT_EQ(creditGame(own[n], s.gameResult, s.stepNum), reported);
             EXPECT_EQ(group, reported);
 
             ASSERT_NE(trees, std::sregex_iterator());
@@ -343,8 +343,8 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
                          ']';
             EXPECT_EQ(std::vector<std::string>(m.begin() + 1, m.end()),
                       (std::vector<std::string>{std::to_string(cycle) + "." + std::to_string(n + 1),
-                                                n == 2 ? "A\\]\\\\" : schedule[n].blackCaption,
-                                                schedule[n].whiteCaption,
+                                                n == 2 ? "A\\]\\\\" : own[n].blackCaption,
+                                                own[n].whiteCaption,
                                                 s.gameResult == blackWon   ? "B+"
                                                 : s.gameResult == whiteWon ? "W+"
                                                                            : "0",
@@ -354,9 +354,9 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     EXPECT_EQ(parsed, sgf.size());
 
     // The fixed pairings given as a file: the same report, byte for byte.
-    for (const std::string schedule : {"", " --schedule " QUINTLINE_SCHEDULES_DIR "/default.txt"})
+    for (const std::string option : {"", " --schedule " QUINTLINE_SCHEDULES_DIR "/default.txt"})
         EXPECT_EQ(runLine("tournament --cycles 2 --seed 5 --report @" +
-                              std::to_string(schedule.empty()) + ".txt" + schedule,
+                              std::to_string(option.empty()) + ".txt" + option,
                           d, out, err, shallowSearches()),
                   exitDone);
     EXPECT_EQ(readBytes(d + "0.txt"), readBytes(d + "1.txt"));

@@ -26,14 +26,15 @@ same block to the report as the desktop program's menu Testsuit does.
 
 constexpr const char* tournamentText =
     R"(N cycles, each a random six-stone opening
-played through the fourteen pairings.
+played through the fourteen pairings, or
+through those of --schedule FILE.
 --seed S repeats a run's openings; without it
 the seed comes from the clock and is printed on
 stderr. The openings do not depend on --jobs.)";
 
 constexpr const char* testSuiteText =
-    R"(The fourteen pairings from each board file
-named in the list (a count, then one path per
+    R"(The fourteen pairings, or those of --schedule
+FILE, from each board file named in the list (a count, then one path per
 line; paths are taken relative to the current
 directory). A board file that is refused is
 reported on stderr and skipped.)";
