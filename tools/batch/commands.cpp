@@ -151,9 +151,9 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
     }
     RunOutputs outputs(state.options, schedule.pairings());
     RunKeeper keeper(state, schedule, outputs);
-    if (fault.empty()) keeper.prepare(fault);
     if (fault.empty())
         if (const auto path = outputs.prepare(resuming)) fault = reportNotStarted(*path);
+    if (fault.empty()) keeper.prepare(fault);
     if (!fault.empty()) {
         complain(console.err, fault);
         return exitRefused;
