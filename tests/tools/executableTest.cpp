@@ -161,7 +161,7 @@ std::function<void(pid_t)> signalAt(const std::filesystem::path& report, std::si
     };
 }
 
-TEST(Program, ARunStoppedByCtrlCThenKilledResumesToTheUninterruptedRun) {
+TEST(Program, ARunKilledStoppedAndKilledAgainResumesToTheUninterruptedRun) {
     ScratchDirectory dir(true);
     const std::filesystem::path whole = dir / "whole", cut = dir / "cut";
     const std::vector<std::string> args{
@@ -172,7 +172,10 @@ TEST(Program, ARunStoppedByCtrlCThenKilledResumesToTheUninterruptedRun) {
     std::filesystem::create_directories(cut);
     ASSERT_EQ(run(args, whole).status, 0);
 
-    ASSERT_EQ(run(args, cut, signalAt(cut / "r.txt", 5, SIGINT)).status, 130);
+    // Killed as soon as the sidecar stands, then stopped by Ctrl-C, then killed again.
+    ASSERT_EQ(run(args, cut, signalAt(cut / "r.txt.run.json", 1, SIGKILL)).status, 128 + SIGKILL);
+    ASSERT_EQ(run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", 5, SIGINT)).status,
+              130);
     const std::size_t stopped = reportLines(cut / "r.txt").size();
     ASSERT_EQ(
         run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", stopped + 3, SIGKILL))

@@ -166,9 +166,15 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
                          StopCause::none};
     if (resuming) {
         // Cut what the interrupted part left behind its last counted line.
-        std::filesystem::resize_file(state.report, state.reportSize);
-        if (!state.options.sgf.empty())
-            std::filesystem::resize_file(state.options.sgf, state.sgfSize);
+        std::error_code error;
+        std::filesystem::resize_file(state.report, state.reportSize, error);
+        // An SGF collection is made by the first game it gets.
+        if (!error && std::filesystem::exists(state.options.sgf))
+            std::filesystem::resize_file(state.options.sgf, state.sgfSize, error);
+        if (error) {
+            complain(console.err, "can not cut the interrupted part: " + error.message());
+            return exitRefused;
+        }
         outputs.restore(state.tally);
         report.resume(static_cast<float>(state.usedSeconds));
     } else {
@@ -181,6 +187,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         state.reportSize = sizeOrZero(state.report);
         state.sgfSize = sizeOrZero(state.options.sgf);
         state.credits.assign(schedule.size(), 0);
+        state.tally = outputs.tally().counts();
     }
     BatchOutcome outcome{state.lines, state.passed, state.credits, state.lastPath};
     if (const auto path = outputs.start(resuming ? state.csvSize : 0)) {
@@ -188,6 +195,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         outcome.reportFailed = true;
         return finish(outcome, report, outputs, keeper, facts, console, messages);
     }
+    if (!resuming) state.csvSize = sizeOrZero(state.options.gamesCsv);  // its header row
     keeper.save(messages);
 
     SeededUniform uniform(state.seed);
