@@ -298,8 +298,6 @@ ParsedArguments parseArguments(std::span<const std::string_view> args, unsigned 
     std::vector<std::string> words(args.rbegin(), args.rend());
     try {
         app.parse(words);
-    } catch (const CLI::CallForHelp&) {
-        return {HelpRequest{app.help()}, {}};
     } catch (const CLI::ParseError& error) {
         return {{}, error.what()};
     }

@@ -86,9 +86,9 @@ class TestSuiteJobs final : public JobSource {
 
 // A cycle or entry whose report line has just been written, in run order.
 struct FinishedCycle {
-    std::size_t number = 0;     // the cycle, or the entry's place in the list; from 1
-    std::string boardFilePath;  // the entry's path; empty in a tournament
-    bool tournament = true;
+    std::size_t number = 0;         // the cycle, or the entry's place in the list; from 1
+    std::string boardFilePath;      // the entry's path; empty in a tournament
+    bool tournament = true;         // false for a test-suite entry
     std::vector<PlayedGame> games;  // one per pairing, in pairing order
 };
 
