@@ -1,13 +1,20 @@
 // Whole tournaments and test-suite runs with quick scripted searches, a
 // scripted clock and scripted random numbers, in a scratch current directory.
 
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <regex>
 
 #include "boardfile/boardFileFormat.h"
 #include "game/game.h"
 #include "harness/fakes.h"
+#include "harness/report.h"
+#include "harness/reportLock.h"
 #include "harness/schedule.h"
 #include "harness/testSuite.h"
 #include "harness/tournament.h"
@@ -159,14 +166,20 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
     GameState& s = game.state();
     s.boardFilePath = "kept.txt";
     s.twoUsers = s.clickAllowed = flagTrue;
+    ReportLock otherRun;  // as quintline-batch holds it; its file is replaced below
+    ASSERT_EQ(otherRun.tryTake("result.txt"), ReportLock::Outcome::taken);
+    runTournament(game);
+    EXPECT_TRUE(std::filesystem::is_empty(dir / "result.txt"));
+    std::filesystem::remove(dir / "result.txt");
     std::filesystem::create_directory(dir / "result.txt");
-    runTestSuite(game);  // no list yet
-    writeBytes(dir / "testsuit.txt", "0\r\nnever.txt\r\n");
+    runTestSuite(game);                         // no list yet
+    writeBytes(dir / "testsuit.txt", "1\r\n");  // one entry promised, none given
     runTestSuite(game);
     s.cycleCount = 1;
     runTournament(game);
     EXPECT_EQ(toolkit.messages(),
-              (std::vector<std::string>{"testsuit.txt can not be opened! Not started",
+              (std::vector<std::string>{"result.txt is in use by another run! Not started",
+                                        "testsuit.txt can not be opened! Not started",
                                         "result.txt can not be written! Not started",
                                         "result.txt can not be written! Not started"}));
     EXPECT_EQ(std::tuple(s.stepNum, s.twoUsers), std::tuple(1, flagTrue));
@@ -183,8 +196,50 @@ TEST_F(BatchRunTest, MenuRunsUseTheCurrentDirectoryAndRefuseToStartWithoutTheirF
     const std::string zero = " 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 \\r\\n";
     const std::regex twoBlocks(head + zero + tail + head + zero + tail);
     EXPECT_TRUE(std::regex_match(report(), twoBlocks)) << report();
+    EXPECT_EQ(toolkit.messages().back(), "testsuit.txt ends early: 1 of 1 entries missing");
     EXPECT_EQ(std::tuple(s.boardFilePath, s.stepNum, s.twoUsers, s.clickAllowed),
               std::tuple("kept.txt", 1, flagFalse, flagFalse));
+}
+
+// The three stretches of a block (head, a game line, tail) under a file-size
+// limit that falls inside each in turn: the file keeps the whole stretches
+// before it and nothing of the one cut short. Lines end only where they should.
+TEST(Report, EachStretchIsAppendedWholeOrNotAtAll) {
+    ScratchDirectory dir;
+    const std::string earlier = "an earlier run's line\r\n";
+    std::vector<std::uintmax_t> ends{earlier.size()};  // of the earlier line and of each stretch
+    const auto stretchesWritten = [&](const std::filesystem::path& file) {
+        ScriptedClock clock({"10:00:00", "10:00:05"}, {36000.0f, 36004.5f});
+        Report report(file, clock);
+        const auto mark = [&] {  // records the sizes on the first, whole run
+            if (ends.size() < 4) ends.push_back(file_size(file));
+            return true;
+        };
+        const std::string path = "entry\r\n.txt";  // its line end never reaches the file
+        if (!report.open(path, Schedule::fixed().header()) || !mark()) return 0;
+        if (!report.addGameLine(path, CycleResults{}) || !mark()) return 1;
+        return report.close(path, CreditCounts{}) && mark() ? 3 : 2;
+    };
+    writeBytes(dir / "whole.txt", earlier);
+    ASSERT_EQ(stretchesWritten(dir / "whole.txt"), 3);
+    const std::string whole = readBytes(dir / "whole.txt");
+    ASSERT_EQ(std::count(whole.begin(), whole.end(), '\n'), 7);
+    for (int stretch = 0; stretch < 3; ++stretch) {
+        const std::filesystem::path file = dir / ("cut" + std::to_string(stretch) + ".txt");
+        writeBytes(file, earlier);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            const rlim_t mid = (ends[stretch] + ends[stretch + 1]) / 2;
+            const rlimit limit{mid, mid};
+            std::signal(SIGXFSZ, SIG_IGN);
+            setrlimit(RLIMIT_FSIZE, &limit);
+            _exit(stretchesWritten(file));
+        }
+        int status = 0;
+        waitpid(pid, &status, 0);
+        EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, stretch);
+        EXPECT_EQ(readBytes(file), whole.substr(0, ends[stretch])) << stretch;
+    }
 }
 
 }  // namespace

@@ -82,6 +82,7 @@ class TestSuiteJobs final : public JobSource {
     TestSuiteList& list_;
     int given_ = 0;
     int skipped_ = 0;
+    std::string lastPath_;  // of the last entry whose path could be used
 };
 
 // A cycle or entry whose report line has just been written, in run order.
