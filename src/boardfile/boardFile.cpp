@@ -1,36 +1,6 @@
 #include "boardfile/boardFile.h"
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-
 namespace quintline {
-namespace {
-
-// Writes beside the target and renames over it, so a failed write leaves the
-// old file whole.
-bool replaceFile(const std::string& path, const std::string& bytes) {
-    const std::string partial = path + ".part";
-    {
-        std::ofstream out(partial, std::ios::binary | std::ios::trunc);
-        if (!out.is_open()) return false;
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        out.close();
-        if (!out) {
-            std::remove(partial.c_str());
-            return false;
-        }
-    }
-    std::error_code error;
-    std::filesystem::rename(partial, path, error);
-    if (error) {
-        std::remove(partial.c_str());
-        return false;
-    }
-    return true;
-}
-
-}  // namespace
 
 void saveBoardFile(Game& game) {
     const std::string& path = game.state().boardFilePath;

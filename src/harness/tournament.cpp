@@ -5,6 +5,7 @@
 #include "harness/pairingGame.h"
 #include "harness/report.h"
 #include "harness/reportLines.h"
+#include "harness/reportLock.h"
 
 namespace quintline {
 
@@ -17,15 +18,23 @@ void runTournament(Game& game) {
 void runTournament(Game& game, UniformSource& uniform, Clock& clock,
                    const std::filesystem::path& reportFile) {
     GameState& state = game.state();
+    ReportLock lock;
+    if (const auto taken = lock.tryTake(reportFile); taken != ReportLock::Outcome::taken) {
+        game.toolkit().messageBox(taken == ReportLock::Outcome::busy ? reportBusy(reportFile)
+                                                                     : reportNotStarted(reportFile),
+                                  MessageButtons::ok);
+        return;
+    }
     Report report(reportFile, clock);
-    if (!report.open(state.boardFilePath)) {
+    if (!report.open(state.boardFilePath, Schedule::fixed().header())) {
         game.toolkit().messageBox(reportNotStarted(reportFile), MessageButtons::ok);
         return;
     }
-    CreditCounts credits{};
+    const Schedule& schedule = Schedule::fixed();
+    CreditCounts credits(schedule.size());
     for (int cycle = 0; cycle < state.cycleCount; ++cycle) {
         const Opening opening = drawOpening(uniform);
-        const CycleResults results = playCycle(game, opening);
+        const CycleResults results = playCycle(game, schedule, opening);
         countCredits(credits, results);
         if (!report.addGameLine(state.boardFilePath, results)) {
             game.toolkit().messageBox(reportStopped(reportFile), MessageButtons::ok);

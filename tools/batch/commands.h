@@ -5,7 +5,9 @@
 #include <atomic>
 #include <ostream>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "batch/arguments.h"
 #include "harness/clock.h"
@@ -17,7 +19,7 @@ enum ExitStatus : int {
     exitDone = 0,
     exitRefused = 1,
     exitUsage = 2,
-    exitStopped = 130,  // as a shell reports a program ended by SIGINT
+    exitStopped = 130,  // as a shell reports a program ended by SIGINT; main adds the signal's own
 };
 
 struct Console {
@@ -30,12 +32,14 @@ struct Console {
 // clock and cheaper searches here.
 struct Environment {
     Clock& clock;
-    const std::atomic<bool>& stop;  // set by Ctrl-C
+    const std::atomic<bool>& stop;  // set by Ctrl-C, SIGTERM or SIGHUP
     SearchSet searches{};
+    std::vector<std::string> commandLine{};  // the words after the program name, kept with a run
 };
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console);
 int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console);
+int resumeCommand(const ResumeCommand& command, Environment& environment, Console console);
 int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console);
 
 // Parses the words after the program name and runs what they ask for.

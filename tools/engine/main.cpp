@@ -57,19 +57,22 @@ class CommandQueue {
     bool closed_ = false;
 };
 
-// Held while an answer is written, so that END never cuts a line in two.
-std::mutex outputMutex;
+// Stdout, whole answers at a time, so that END never cuts a line in two.
+class Answers {
+  public:
+    void write(const std::string& text) {
+        std::lock_guard lock(mutex_);
+        std::fwrite(text.data(), 1, text.size(), stdout);
+        std::fflush(stdout);
+    }
+    [[noreturn]] void endAtOnce() {
+        mutex_.lock();
+        std::_Exit(0);
+    }
 
-void write(const std::string& text) {
-    std::lock_guard lock(outputMutex);
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
-}
-
-[[noreturn]] void endAtOnce() {
-    outputMutex.lock();
-    std::_Exit(0);
-}
+  private:
+    std::mutex mutex_;
+};
 
 }  // namespace
 
@@ -81,10 +84,11 @@ int main(int argc, char** argv) {
     }
 
     CommandQueue queue;
+    Answers answers;
     std::thread answering([&] {
         PbrainSession session(options.settings);
         std::string line;
-        while (queue.pop(line)) write(session.answer(line));
+        while (queue.pop(line)) answers.write(session.answer(line));
     });
 
     LineSplitter splitter;
@@ -93,7 +97,7 @@ int main(int argc, char** argv) {
         const ssize_t n = read(STDIN_FILENO, buffer, sizeof buffer);
         if (n <= 0) break;
         splitter.feed({buffer, static_cast<std::size_t>(n)}, [&](std::string_view line) {
-            if (isEndCommand(line)) endAtOnce();
+            if (isEndCommand(line)) answers.endAtOnce();
             queue.push(std::string(line));
         });
     }
