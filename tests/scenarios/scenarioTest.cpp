@@ -169,8 +169,9 @@ class Runner {
         return std::to_string(number);
     }
 
-    // Runs one step and gives it back as it should read.
-    std::string step(std::string line) {
+    // Runs one step and gives it back as it should read. One flat branch per step
+    // word, each a few lines: the chain's length is the language's, not tangle.
+    std::string step(std::string line) {  // NOLINT(readability-function-cognitive-complexity)
         const Words w = split(line);
         const std::string& c = w.at(0);
         const auto arg = [&](std::size_t i) { return std::int16_t(std::stoi(w.at(i))); };
