@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds everything and runs every test: the normal
-# build (GUI tests headless) and its Debian package, then the core tests under
-# AddressSanitizer and UndefinedBehaviorSanitizer.
+# build (GUI tests headless), clang-tidy over it and its Debian package, then
+# the core tests under AddressSanitizer and UndefinedBehaviorSanitizer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -13,6 +13,7 @@ export QT_QPA_PLATFORM=offscreen
 cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release
 cmake --build build/release -j "$jobs"
 ctest --test-dir build/release --output-on-failure -j "$jobs"
+./scripts/tidy.sh
 cpack --config build/release/CPackConfig.cmake -G DEB -B build/package
 
 cmake -S . -B build/sanitize -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQUINTLINE_SANITIZE=ON \

@@ -9,11 +9,14 @@ namespace {
 // The eight neighbours, in the order the counts are updated: for d = -1 then
 // d = 1, (x + d, y), (x, y + d), (x + d, y + d), (x + d, y - d).
 void addToNeighbours(Position& pos, int x, int y, int delta) {
+    const auto add = [delta](std::int16_t& count) {
+        count = static_cast<std::int16_t>(count + delta);
+    };
     for (int d = -1; d <= 1; d += 2) {
-        pos.nearCount[x + d][y] += delta;
-        pos.nearCount[x][y + d] += delta;
-        pos.nearCount[x + d][y + d] += delta;
-        pos.nearCount[x + d][y - d] += delta;
+        add(pos.nearCount[x + d][y]);
+        add(pos.nearCount[x][y + d]);
+        add(pos.nearCount[x + d][y + d]);
+        add(pos.nearCount[x + d][y - d]);
     }
 }
 
@@ -93,6 +96,33 @@ GameCode gameEndTest(const Position& pos, std::int16_t stepNum, std::int16_t x, 
     return stepNum >= maxStones ? gameDrawn : gameOpen;
 }
 
+namespace {
+
+// Adds one stone of side s to tables built from an empty board, as placeStone
+// counts it, line census and codes aside.
+void recountStone(Position& fresh, int x, int y, Side s) {
+    fresh.board[x][y] = s;
+    fresh.occupied[x] = static_cast<std::uint16_t>(fresh.occupied[x] | (1u << y));
+    for (int d = -1; d <= 1; ++d)
+        for (int e = -1; e <= 1; ++e)
+            if (d != 0 || e != 0) ++fresh.nearCount[x + d][y + e];
+    for (int n = 1; n <= pointLines().count(x, y); ++n)
+        ++fresh.lineStones[sideRow(s)][pointLines().id(x, y, n)];
+}
+
+// The census and the line codes from the stones of every line.
+void recountLines(Position& fresh) {
+    for (int id = 1; id <= lineCount; ++id) {
+        const int b = fresh.lineStones[2][id];
+        const int w = fresh.lineStones[0][id];
+        if (b > 0 && w == 0) ++fresh.lineCensus[2][b];
+        if (w > 0 && b == 0) ++fresh.lineCensus[0][w];
+        fresh.lineCode[id] = static_cast<std::int16_t>(8 * b + w);
+    }
+}
+
+}  // namespace
+
 bool censusOk(const Position& pos) {
     Position fresh;
     for (int x = 0; x <= boardSize; ++x)
@@ -101,21 +131,9 @@ bool censusOk(const Position& pos) {
             if (s == empty) continue;
             if (s != black && s != white) return false;
             if (x == 0 || y == 0) return false;  // subscript 0 is never written
-            fresh.board[x][y] = s;
-            fresh.occupied[x] = static_cast<std::uint16_t>(fresh.occupied[x] | (1u << y));
-            for (int d = -1; d <= 1; ++d)
-                for (int e = -1; e <= 1; ++e)
-                    if (d != 0 || e != 0) ++fresh.nearCount[x + d][y + e];
-            for (int n = 1; n <= pointLines().count(x, y); ++n)
-                ++fresh.lineStones[sideRow(s)][pointLines().id(x, y, n)];
+            recountStone(fresh, x, y, s);
         }
-    for (int id = 1; id <= lineCount; ++id) {
-        const int b = fresh.lineStones[2][id];
-        const int w = fresh.lineStones[0][id];
-        if (b > 0 && w == 0) ++fresh.lineCensus[2][b];
-        if (w > 0 && b == 0) ++fresh.lineCensus[0][w];
-        fresh.lineCode[id] = static_cast<std::int16_t>(8 * b + w);
-    }
+    recountLines(fresh);
     // The whole object, unused rows and entries included, must match the recount.
     return std::memcmp(&fresh, &pos, sizeof(Position)) == 0;
 }
