@@ -103,7 +103,6 @@ TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     EXPECT_EQ(refusal, "search depth must be a whole number from 1 to 9");
     EXPECT_EQ(shown, "3Computer A12User3User");  // the design depth again, the players kept
     EXPECT_TRUE(s.depthA == 2 && s.blackSide == userKind);
-    EXPECT_EQ(captionOf(in(form, "whoRun")), "Users are running");
 }
 
 // A chosen path goes into the title bar, after the title; Cancel leaves it.
