@@ -166,7 +166,8 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     const std::string d = dir.path().string() + "/";
     writeBoardFile(d + "small.txt", {{8, 8}, {9, 8}, {7, 6}});
     writeBoardFile(d + "empty.txt", {});
-    writeBytes(d + "wide.txt", wideBoardFile);
+    writeBytes(d + "wide.txt", "Grid Size\r\n 19 \r\nPiece number\r\n 5 \r\nend\r\n");
+               "Grid Size\r\n 19 \r\nPiece number\r\n 5 \r\nTotal Move\r\n 0 \r\nend\r\n");
     writeBytes(d + "none.txt", "0\r\n");
     // Lists that are refused, fall short of their count, or hold entries that can't be paths.
     writeBytes(d + "minus.txt", "-1\r\nsmall.txt\r\n");
@@ -257,47 +258,38 @@ TEST(Records, BoardFilesAreTheLibrarysGamesOfTheReportAndTheSgfAgrees) {
     EXPECT_NE(out.str().find("\n1-2 "), std::string::npos);
     EXPECT_EQ(out.str().find("\n3-4 "), std::string::npos);
 
-    const std::string sgf = readBytes(d + "a.sgf");
-    const std::regex tree(
-        R"(\(;FF\[4\]GM\[4\]SZ\[15\]EV\[tournament, seed 11\]RO\[(\d+\.\d)\])"
-        R"(PB\[((?:[^\]\\]|\\.)*)\]PW\[([^\]]*)\]RE\[(B\+|W\+|0)\]DT\[\d{4}-\d\d-\d\d\])"
-        R"(AP\[quintline-batch:[\d.]+\]((?:;[BW]\[[a-o]{2}\])*)\)\n)");
-    auto trees = std::sregex_iterator(sgf.begin(), sgf.end(), tree);
-    std::size_t parsed = 0;
+    std::string trees;  // the SGF collection of the library's games, date and version aside
     SeededUniform uniform(11);
     LibraryGame library(shallowSearches());
     for (int cycle = 1; cycle <= 3; ++cycle) {
         const Opening opening = drawOpening(uniform);
         std::istringstream groups(lines[static_cast<std::size_t>(cycle) + 1]);
-        for (std::size_t n = 0; n < own.size(); ++n, ++trees) {
+        for (std::size_t n = 0; n < own.size(); ++n) {
             SCOPED_TRACE(std::to_string(cycle) + "." + std::to_string(n + 1));
             const std::string file = d + "g/" + recordFileName(true, cycle, n + 1);
             const ResultGroup group = playPairing(library.game, own[n], opening).group;
-            EXPECT_EQ(readBytes(file), formatBoardFile(library.game.state()));
             const GameState& s = library.game.state();
+            EXPECT_EQ(readBytes(file), formatBoardFile(s));
             ResultGroup reported;
             groups >> reported.letter >> reported.stones;
             EXPECT_EQ(group, reported);
-
-            ASSERT_NE(trees, std::sregex_iterator());
-            const std::smatch& m = *trees;
-            parsed += static_cast<std::size_t>(m.length());
-            std::string moves;
+            trees += "(;FF[4]GM[4]SZ[15]EV[tournament, seed 11]RO[" + std::to_string(cycle) + "." +
+                     std::to_string(n + 1) + "]PB[" +
+                     (n == 2 ? "A\\]\\\\" : std::string(own[n].blackCaption)) + "]PW[" +
+                     own[n].whiteCaption + "]RE[" +
+                     (s.gameResult == blackWon   ? "B+"
+                      : s.gameResult == whiteWon ? "W+"
+                                                 : "0") +
+                     "]DT[]AP[]";
             for (int i = 1; i <= s.stepNum; ++i)
-                moves += std::string(s.moveRecord[i].colour == black ? ";B[" : ";W[") +
+                trees += std::string(s.moveRecord[i].colour == black ? ";B[" : ";W[") +
                          char('a' + s.moveRecord[i].x - 1) + char('a' + s.moveRecord[i].y - 1) +
                          ']';
-            EXPECT_EQ(std::vector<std::string>(m.begin() + 1, m.end()),
-                      (std::vector<std::string>{std::to_string(cycle) + "." + std::to_string(n + 1),
-                                                n == 2 ? "A\\]\\\\" : own[n].blackCaption,
-                                                own[n].whiteCaption,
-                                                s.gameResult == blackWon   ? "B+"
-                                                : s.gameResult == whiteWon ? "W+"
-                                                                           : "0",
-                                                moves}));
+            trees += ")\n";
         }
     }
-    EXPECT_EQ(parsed, sgf.size());
+    const std::regex dateAndVersion(R"(DT\[\d{4}-\d\d-\d\d\]AP\[quintline-batch:[\d.]+\])");
+    EXPECT_EQ(std::regex_replace(readBytes(d + "a.sgf"), dateAndVersion, "DT[]AP[]"), trees);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-// The built quintline-batch program itself: a test-suite run in the current
-// directory equal to the library's on one or two threads, stop signals, and
-// two runs on one report.
+// The built quintline-batch program itself: two runs on one report, and a run
+// killed, stopped by each stop signal and resumed to the uninterrupted run.
 
 #include <fcntl.h>
 #include <sys/wait.h>
