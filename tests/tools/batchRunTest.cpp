@@ -166,7 +166,7 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     const std::string d = dir.path().string() + "/";
     writeBoardFile(d + "small.txt", {{8, 8}, {9, 8}, {7, 6}});
     writeBoardFile(d + "empty.txt", {});
-    writeBytes(d + "wide.txt", "Grid Size\r\n 19 \r\nPiece number\r\n 5 \r\nend\r\n");
+    writeBytes(d + "wide.txt",
                "Grid Size\r\n 19 \r\nPiece number\r\n 5 \r\nTotal Move\r\n 0 \r\nend\r\n");
     writeBytes(d + "none.txt", "0\r\n");
     // Lists that are refused, fall short of their count, or hold entries that can't be paths.
