@@ -129,8 +129,10 @@ TEST(BatchRun, AnSprtStoppedRunOnOneOrTwoThreadsWritesTheLibraryRunsReportAndAgr
             "jobs": )" + jobs + R"(, "played": )" + std::to_string(played) +
                                                         R"(, "stoppedBy": "sprt"})"));
         const auto& sprt = summary["sprt"];
-        EXPECT_EQ(std::tuple(sprt["alpha"], sprt["beta"], sprt["result"] == "H1"),
-                  std::tuple(0.05, 0.05, sprt["llr"] >= sprt["upper"]));
+        EXPECT_EQ(std::tuple(sprt["pair"], sprt["elo0"], sprt["elo1"], sprt["alpha"], sprt["beta"],
+                             sprt["result"] == "H1"),
+                  std::tuple(5, 0.0, 50.0, 0.05, 0.05, sprt["llr"] >= sprt["upper"]));
+        EXPECT_DOUBLE_EQ(sprt["llr"], sprtLlr(summary["pairs"][4]["pentanomial"], 0, 50));
         EXPECT_NE(
             out.str().find("\nSPRT: " + sprt["result"].get<std::string>() + " accepted, LLR "),
             std::string::npos);

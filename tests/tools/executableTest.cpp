@@ -89,15 +89,17 @@ TEST(Program, ASecondRunOnAReportWaitsForTheFirstOrWithNoWaitIsRefused) {
               std::tuple(1, "quintline-batch: result.txt is in use by another run! Not started\n",
                          "first run\r\n"));
     std::filesystem::remove(dir / "stderr.log");
-    const Finished waited = run({"testsuite", "--games-csv", "g.csv"}, dir.path(), [&](pid_t) {
-        waitFor([&] { return !readBytes(dir / "stderr.log").empty(); });
-        EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
-        firstRun.reset();
-    });
+    const Finished waited = run({"testsuite", "--games-csv", "g.csv", "--summary-json", "s.json"},
+                                dir.path(), [&](pid_t) {
+                                    waitFor([&] { return !readBytes(dir / "stderr.log").empty(); });
+                                    EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
+                                    firstRun.reset();
+                                });
     EXPECT_EQ(
         std::tuple(waited.status, waited.err),
         std::tuple(0, "quintline-batch: waiting for another run to finish with result.txt\n"));
-    // Then the block the library writes, and CSV rows naming their entries.
+    // Then the block the library writes, CSV rows naming their entries, and no seed.
+    EXPECT_EQ(nlohmann::json::parse(readBytes(dir / "s.json"))["run"]["seed"], nullptr);
     const auto lines = reportLines(dir / "result.txt", true);
     EXPECT_EQ(std::vector(lines.begin() + 1, lines.end()), expected);
     const std::string csv = readBytes(dir / "g.csv");
