@@ -18,7 +18,6 @@
 #include "batch/gamesCsv.h"
 #include "batch/runKeeper.h"
 #include "batch/statistics.h"
-#include "boardfile/boardFile.h"
 #include "harness/fakes.h"
 #include "harness/scheduleFile.h"
 #include "harness/tournament.h"
