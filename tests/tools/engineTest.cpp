@@ -22,7 +22,8 @@ struct Session {
     int status = 0;  // exit status; 124 when it still ran after a minute
 };
 
-// Runs the program on stdin given in `parts`, two seconds apart, so that a loaded machine answers each part first.
+// Runs the program on stdin given in `parts`, two seconds apart, so that a loaded machine answers
+// each part first.
 Session runEngine(const std::string& args, const Lines& parts, bool messages = true) {
     const testing::ScratchDirectory dir;
     std::string command = "(";
