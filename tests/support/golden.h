@@ -48,43 +48,51 @@ inline QString quoted(QString text) {
     return '"' + text.replace('\\', "\\\\").replace('\n', "\\n").replace('"', "\\\"") + '"';
 }
 
+// What ends a control's line: a combo box's items, the marks of a checked or
+// default button.
+inline QString controlExtras(const QObject& o) {
+    QString extras;
+    if (auto* combo = qobject_cast<const QComboBox*>(&o)) {
+        for (int i = 0; i < combo->count(); ++i) extras += ' ' + quoted(combo->itemText(i));
+    }
+    if (auto* button = qobject_cast<const QAbstractButton*>(&o); button && button->isChecked())
+        extras += " checked";
+    if (auto* button = qobject_cast<const QPushButton*>(&o)) {
+        extras += QString(button->isDefault() ? " default" : "") +
+                  (button->autoDefault() ? " autoDefault" : "");
+    }
+    return extras;
+}
+
 // The window and its named controls and menu items, bottom of the stack first,
 // one line a control: name, class, caption, geometry in twips, enabled,
-// visible, the named object it sits in, then a combo box's items and the marks
-// of a checked or default button. Only the window and the controls inside it
-// are measured: a main window's height and a menu's size follow the font.
+// visible, the named object it sits in, then its extras. Only the window and
+// the controls inside it are measured: a main window's height and a menu's
+// size follow the font.
+inline QString controlLine(const QObject& o, const QWidget& window, const TwipScale& scale) {
+    auto* widget = qobject_cast<const QWidget*>(&o);
+    auto* action = qobject_cast<const QAction*>(&o);
+    QString line = o.objectName() + ' ' + o.metaObject()->className() + ' ' + quoted(captionOf(&o));
+    const bool measured =
+        widget && !qobject_cast<const QMainWindow*>(&o) && (&o == &window || !widget->isWindow());
+    const QRect r = measured ? widget->geometry() : QRect();
+    for (const int px : {r.x(), r.y(), r.width(), r.height()}) {
+        if (measured) line += ' ' + QString::number(std::lround(scale.toTwips(px)));
+    }
+    if (!measured) line += " -";
+    line += (widget ? widget->isEnabled() : action->isEnabled()) ? " enabled" : " disabled";
+    line += (widget ? widget->isVisibleTo(&window) : action->isVisible()) ? " visible" : " hidden";
+    const QObject* parent = &o == &window ? nullptr : o.parent();
+    while (parent != nullptr && parent->objectName().isEmpty()) parent = parent->parent();
+    return line + ' ' + (parent != nullptr ? parent->objectName() : "-") + controlExtras(o) + '\n';
+}
 inline std::string controlTable(const QWidget& window, const TwipScale& scale) {
     QString table;
     for (const QObject* o :
          QList<const QObject*>{&window} + window.findChildren<const QObject*>()) {
-        auto* widget = qobject_cast<const QWidget*>(o);
-        auto* action = qobject_cast<const QAction*>(o);
-        if (o->objectName().isEmpty() || o->objectName().startsWith("qt_") || !(widget || action))
-            continue;
-        table += o->objectName() + ' ' + o->metaObject()->className() + ' ' + quoted(captionOf(o));
-        const bool measured =
-            widget && !qobject_cast<const QMainWindow*>(o) && (o == &window || !widget->isWindow());
-        const QRect r = measured ? widget->geometry() : QRect();
-        for (const int px : {r.x(), r.y(), r.width(), r.height()}) {
-            if (measured) table += ' ' + QString::number(std::lround(scale.toTwips(px)));
-        }
-        if (!measured) table += " -";
-        table += (widget ? widget->isEnabled() : action->isEnabled()) ? " enabled" : " disabled";
-        table +=
-            (widget ? widget->isVisibleTo(&window) : action->isVisible()) ? " visible" : " hidden";
-        const QObject* parent = o == &window ? nullptr : o->parent();
-        while (parent != nullptr && parent->objectName().isEmpty()) parent = parent->parent();
-        table += ' ' + (parent != nullptr ? parent->objectName() : "-");
-        if (auto* combo = qobject_cast<const QComboBox*>(o)) {
-            for (int i = 0; i < combo->count(); ++i) table += ' ' + quoted(combo->itemText(i));
-        }
-        if (auto* button = qobject_cast<const QAbstractButton*>(o); button && button->isChecked())
-            table += " checked";
-        if (auto* button = qobject_cast<const QPushButton*>(o)) {
-            table += QString(button->isDefault() ? " default" : "") +
-                     (button->autoDefault() ? " autoDefault" : "");
-        }
-        table += '\n';
+        const bool named = !o->objectName().isEmpty() && !o->objectName().startsWith("qt_");
+        if (named && (qobject_cast<const QWidget*>(o) || qobject_cast<const QAction*>(o)))
+            table += controlLine(*o, window, scale);
     }
     return table.toStdString();
 }
