@@ -12,6 +12,21 @@
 namespace quintline {
 namespace {
 
+// The bounds of the pixels that differ, then how many of them turned black, white or other.
+QString changes(const QImage& before, const QImage& after) {
+    QRect changed;
+    int counts[3] = {};  // black, white, other
+    for (int y = 0; y < before.height(); ++y)
+        for (int x = 0; x < before.width(); ++x)
+            if (const QRgb p = after.pixel(x, y); p != before.pixel(x, y)) {
+                changed |= QRect(x, y, 1, 1);
+                ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
+            }
+    return QString::asprintf("%d %d %d %d black %d white %d other %d\n", changed.left(),
+                             changed.top(), changed.right(), changed.bottom(), counts[0], counts[1],
+                             counts[2]);
+}
+
 TEST(BoardFigures, DrawIntoTheImageAtItsScale) {
     EXPECT_EQ(ImageCanvas(TwipScale(144), 8000, 6000, 0xD4D0C8).image().size(), QSize(800, 600));
     using namespace figures;
@@ -39,17 +54,7 @@ TEST(BoardFigures, DrawIntoTheImageAtItsScale) {
         if (d.figure == 'F') candidateFrames(c, 533, std::span(frames, d.at.x ? 2 : 0));
         if (d.figure == 'F') c.line(0, 6000, 8000, 6000);  // in the pen's width again
         if (d.figure == 'G') clearAndGrid(c);
-        QRect changed;
-        int counts[3] = {};  // black, white, other
-        for (int y = 0; y < blank.height(); ++y)
-            for (int x = 0; x < blank.width(); ++x)
-                if (const QRgb p = c.image().pixel(x, y); p != blank.pixel(x, y)) {
-                    changed |= QRect(x, y, 1, 1);
-                    ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
-                }
-        drawn += QString::asprintf("%s: %d %d %d %d black %d white %d other %d\n", d.name,
-                                   changed.left(), changed.top(), changed.right(), changed.bottom(),
-                                   counts[0], counts[1], counts[2]);
+        drawn += QString(d.name) + ": " + changes(blank, c.image());
     }
     testing::expectGolden("figures", drawn.toStdString());
 }
