@@ -135,7 +135,7 @@ double cyclesWith(const SearchSet& searches) {
     SeededUniform uniform(1234);
     const auto start = std::chrono::steady_clock::now();
     for (int cycle = 0; cycle < 4; ++cycle)
-        benchmark::DoNotOptimize(playCycle(game, drawOpening(uniform)));
+        benchmark::DoNotOptimize(playCycle(game, Schedule::fixed(), drawOpening(uniform)));
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 

@@ -1,12 +1,21 @@
 #include "boardfile/boardFileFormat.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <random>
+#include <regex>
+#include <sstream>
 
 #include "boardfile/fieldReader.h"
 #include "boardfile/numberForm.h"
+#include "harness/wholeAppend.h"
 
 namespace quintline {
 namespace {
@@ -21,7 +30,8 @@ void putLine(std::string& out, std::string_view text) {
 // Collects the first fault met while reading; later reads are skipped.
 class CheckedReader {
   public:
-    CheckedReader(std::istream& in, BoardFileRead& result) : fields_(in), result_(result) {}
+    CheckedReader(std::istream& in, BoardFileRead& result)
+        : fields_(in, maxBoardFileBytes), result_(result) {}
 
     bool failed() const { return result_.fault != BoardFileFault::none; }
 
@@ -35,11 +45,14 @@ class CheckedReader {
                 fail("the file ends early");
                 break;
             case FieldFault::notANumber:
-                fail('"' + field.text + "\" is not a whole number");
+                fail(fieldExcerpt(field.text) + " is not a whole number");
                 break;
             case FieldFault::outOfRange:
-                fail(field.text + " does not fit 16 bits");
+                fail((field.text.size() > 40 ? fieldExcerpt(field.text) : field.text) +
+                     " does not fit 16 bits");
                 break;
+            default:
+                failOn(field.fault, field.text);
         }
         return 0;
     }
@@ -47,8 +60,20 @@ class CheckedReader {
     std::string text() {
         if (failed()) return {};
         TextField field = fields_.readText();
-        if (field.fault == FieldFault::endOfFile) fail("the file ends early");
+        if (field.fault != FieldFault::none) failOn(field.fault, field.value);
         return field.value;
+    }
+
+    void failOn(FieldFault fault, std::string_view field) {
+        if (fault == FieldFault::tooLong)
+            fail("a field longer than " + std::to_string(maxFieldLength) +
+                 " bytes: " + fieldExcerpt(field));
+        else if (fault == FieldFault::overLimit)
+            result_.fault = BoardFileFault::tooLarge;
+        else if (fault == FieldFault::unclosedQuote)
+            fail("the quote opened here is not closed");
+        else
+            fail("the file ends early");
     }
 
     void fail(std::string detail) {
@@ -164,28 +189,81 @@ BoardFileRead loadBoardFile(const std::string& path) {
         result.fault = BoardFileFault::cannotOpen;
         return result;
     }
-    return parseBoardFile(in);
+    std::string bytes(maxBoardFileBytes + 1, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    if (bytes.size() > maxBoardFileBytes) {
+        BoardFileRead result;
+        result.fault = BoardFileFault::tooLarge;
+        return result;
+    }
+    std::istringstream text(std::move(bytes));
+    return parseBoardFile(text);
 }
 
-bool replaceFile(const std::string& path, const std::string& bytes) {
-    const std::string partial = path + ".part";
-    {
-        std::ofstream out(partial, std::ios::binary | std::ios::trunc);
-        if (!out.is_open()) return false;
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        out.close();
-        if (!out) {
-            std::remove(partial.c_str());
-            return false;
-        }
-    }
+namespace {
+
+// The file a save writes: a symbolic link's target (created when missing),
+// else the path itself.
+std::filesystem::path saveTarget(const std::string& path) {
+    std::filesystem::path target = path;
     std::error_code error;
-    std::filesystem::rename(partial, path, error);
-    if (error) {
-        std::remove(partial.c_str());
+    // As many links as the system itself follows, against a loop.
+    for (int hop = 0; hop < 40 && std::filesystem::is_symlink(target, error); ++hop) {
+        const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+        if (error) break;
+        target = next.is_absolute() ? next : target.parent_path() / next;
+    }
+    return target;
+}
+
+// What follows a target's name in the name of its partial copy.
+constexpr const char* partialSuffix = R"(\.[0-9]+-[0-9]+\.tmp)";
+
+// A name beside `target` that no file holds yet, created with `mode`; -1 when
+// none can be made.
+int createUniqueBeside(const std::filesystem::path& target, mode_t mode, std::string& name) {
+    std::random_device random;
+    for (int attempt = 0; attempt < 16; ++attempt) {
+        name = target.string() + "." + std::to_string(getpid()) + "-" + std::to_string(random()) +
+               ".tmp";  // as partialSuffix matches
+        const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST) return fd;
+    }
+    return -1;
+}
+
+}  // namespace
+
+bool replaceFile(const std::string& path, const std::string& bytes) {
+    const std::filesystem::path target = saveTarget(path);
+    struct stat old {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists &&
+        (!S_ISREG(old.st_mode) || (old.st_mode & 0222) == 0 || ::access(target.c_str(), W_OK) != 0))
+        return false;
+    std::string partial;
+    // A new file gets the usual 0666 less the umask, as open applies it.
+    const int fd = createUniqueBeside(target, exists ? old.st_mode & 07777 : 0666, partial);
+    if (fd < 0) return false;
+    bool written = appendWhole(fd, bytes);
+    // The mode asked for at creation was cut by the umask; the old one is kept whole.
+    if (exists) written = ::fchmod(fd, old.st_mode & 07777) == 0 && written;
+    written = ::fsync(fd) == 0 && written;
+    written = ::close(fd) == 0 && written;
+    if (!written || ::rename(partial.c_str(), target.c_str()) != 0) {
+        ::unlink(partial.c_str());
         return false;
     }
     return true;
+}
+
+void removeLeftoverPartials(const std::filesystem::path& folder, const std::string& targets) {
+    const std::regex partial(targets + partialSuffix);
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+        if (std::regex_match(entry.path().filename().string(), partial))
+            std::filesystem::remove(entry.path(), error);
 }
 
 std::string refusalMessage(const std::string& path, const BoardFileRead& read) {
@@ -196,6 +274,9 @@ std::string refusalMessage(const std::string& path, const BoardFileRead& read) {
             return "the gird size or the piece number is not suitable! Not loaded";
         case BoardFileFault::cannotOpen:
             return path + ": board file cannot be opened! Not loaded";
+        case BoardFileFault::tooLarge:
+            return path + ": board file is larger than " +
+                   std::to_string(maxBoardFileBytes / 1024) + " KiB! Not loaded";
         case BoardFileFault::broken:
             return path + ": board file broken at line " + std::to_string(read.line) + ": " +
                    read.detail + "! Not loaded";

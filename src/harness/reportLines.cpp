@@ -9,8 +9,12 @@
 namespace quintline {
 namespace {
 
-std::string line(std::string_view head, std::string_view rest) {
-    std::string out(head);
+// Every line begins with a path, which a list entry or the file dialog gave:
+// a line end or NUL in it would break the report's lines, so they show as '?'.
+std::string line(std::string_view path, std::string_view rest) {
+    std::string out(path);
+    for (char& c : out)
+        if (c == '\r' || c == '\n' || c == '\0') c = '?';
     out += rest;
     out += lineEnd;
     return out;

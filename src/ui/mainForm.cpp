@@ -33,22 +33,13 @@ QString fromView(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QPushButton* makeButton(QWidget* parent, const char* name, const char* caption,
-                        const TwipScale& scale, double left, double top, double width,
-                        double height) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    place(button, scale, left, top, width, height);
-    return button;
-}
-
 }  // namespace
 
 MainForm::MainForm(SearchSet searches, QWidget* parent)
     : QMainWindow(parent), scale_(TwipScale::ofScreen()), game_(*this, searches) {
     setObjectName("mainForm");
     setWindowTitle(fromView(design::mainCaption));
+    setFont(scale_.font());
     auto* client = new QWidget(this);
     client->setObjectName("client");
     client->setMinimumSize(scale_.pixels(10950), scale_.pixels(8865));
@@ -66,7 +57,8 @@ MainForm::MainForm(SearchSet searches, QWidget* parent)
 
 void MainForm::buildControls(QWidget* client) {
     const TwipScale& s = scale_;
-    command1_ = makeButton(client, "Command1", "suggestion", s, 120, 105, 1335, 315);
+    command1_ =
+        placeNamed(new QPushButton("suggestion", client), "Command1", s, 120, 105, 1335, 315);
 
     const char* listNames[] = {"List1", "List2", "List3"};
     const double listLefts[] = {8280, 9000, 9720};
@@ -96,11 +88,13 @@ void MainForm::buildControls(QWidget* client) {
     auto* frame1 = new QGroupBox(client);
     frame1->setObjectName("Frame1");
     place(frame1, s, 75, -30, 8040, 495);
-    auto* backwardEnd = makeButton(frame1, "backwardEnd", "|<", s, 1575, 120, 495, 345);
-    auto* cmdForwardEnd = makeButton(frame1, "cmdForwardEnd", ">|", s, 3045, 105, 495, 345);
-    cmdBack_ = makeButton(frame1, "cmdBack", "<", s, 2070, 105, 495, 345);
+    auto* backwardEnd =
+        placeNamed(new QPushButton("|<", frame1), "backwardEnd", s, 1575, 120, 495, 345);
+    auto* cmdForwardEnd =
+        placeNamed(new QPushButton(">|", frame1), "cmdForwardEnd", s, 3045, 105, 495, 345);
+    cmdBack_ = placeNamed(new QPushButton("<", frame1), "cmdBack", s, 2070, 105, 495, 345);
     cmdBack_->setEnabled(false);
-    cmdForw_ = makeButton(frame1, "cmdForw", ">", s, 2550, 105, 495, 345);
+    cmdForw_ = placeNamed(new QPushButton(">", frame1), "cmdForw", s, 2550, 105, 495, 345);
     cmdForw_->setEnabled(false);
     QPalette grey = cmdForw_->palette();
     grey.setColor(QPalette::Button, QColor(0xC0, 0xC0, 0xC0));
@@ -169,6 +163,7 @@ void MainForm::buildMenu() {
 
     QMenu* testsuit = bar->addMenu("&Testsuit");
     testsuit->setObjectName("testsuit");
+    testsuit->setFont(font());  // a menu is a window of its own and keeps no font of ours
     const auto tournamentItem = [&](QMenu* menu, const char* name, const char* caption,
                                     std::int16_t cycles) {
         QAction* action = menu->addAction(caption);
@@ -181,6 +176,7 @@ void MainForm::buildMenu() {
     tournamentItem(testsuit, "randomtest", "random 1000", 1000);
     QMenu* random = testsuit->addMenu("random");
     random->setObjectName("random");
+    random->setFont(font());
     tournamentItem(random, "one", "1", 1);
     tournamentItem(random, "ten", "10", 10);
     tournamentItem(random, "hundred", "100", 100);

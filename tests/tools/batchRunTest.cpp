@@ -41,12 +41,13 @@ int runLine(const std::string& line, const std::string& d, std::ostream& out, st
     std::vector<std::string> args;
     std::istringstream words(line);
     for (std::string word; words >> word;)
-        args.push_back(word[0] == '@' ? d + word.substr(1) : word);
+        if (word != ">") args.push_back(word[0] == '@' ? d + word.substr(1) : word);
     ScriptedClock clock = sameClock();
     std::atomic<bool> stop{false};
     Environment environment{clock, stop, searches};
+    std::ostream full(nullptr);  // "> ..." writes its results to a stdout that fails
     return runCommandLine(std::vector<std::string_view>(args.begin(), args.end()), 2, environment,
-                          {out, err});
+                          {line[0] == '>' ? full : out, err});
 }
 
 TournamentCommand tournament(int cycles, std::optional<std::uint64_t> seed, unsigned jobs,
@@ -222,6 +223,12 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     writeBoardFile(d + "empty.txt", {});
     writeBytes(d + "wide.txt", wideBoardFile);
     writeBytes(d + "none.txt", "0\r\n");
+    // Lists that are refused, fall short of their count, or hold entries that can't be paths.
+    writeBytes(d + "minus.txt", "-1\r\nsmall.txt\r\n");
+    writeBytes(d + "huge.txt", "40000\r\n");
+    writeBytes(d + "long.txt", std::string(5000, '7'));
+    writeBytes(d + "short.txt", "3\r\n" + d + "small.txt\r\n");
+    writeBytes(d + "odd.txt", "4\r\n\"a\rb\"\r\n/dev/zero\r\n" + d + "small.txt\r\n\"sm");
     // Arguments (@ for the scratch directory), exit status, and a text that
     // stdout and stderr must hold, or nothing.
     const std::tuple<std::string, int, std::string, std::string> rows[] = {
@@ -250,7 +257,25 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
          "quintline-batch: " + d + "no/s.json can not be written! Not started\n"},
         {"testsuite --list @none.txt --report @never.txt --games-csv @no/g.csv", exitRefused, "",
          "no/g.csv can not be written! Not started\n"},
-        {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""}};
+        {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""},
+        // > for stdout on a full disk, where every write fails.
+        {"> analyse @small.txt --kind 1 --depth 1", exitRefused, "",
+         "quintline-batch: the results could not be written to stdout\n"},
+        {"analyse /dev/zero --kind 1 --depth 2", exitRefused, "",
+         "quintline-batch: /dev/zero: board file is larger than 64 KiB! Not loaded\n"},
+        {"testsuite --list /dev/zero --report @never.txt", exitRefused, "",
+         "quintline-batch: /dev/zero is larger than 4 MiB! Not started\n"},
+        {"testsuite --list @minus.txt --report @never.txt", exitRefused, "",
+         "minus.txt: the number of entries \"-1\" is outside 0 to 32767! Not started\n"},
+        {"testsuite --list @huge.txt --report @never.txt", exitRefused, "", "\"40000\" is outside"},
+        {"testsuite --list @long.txt --report @never.txt", exitRefused, "",
+         "long.txt does not begin with the number of entries! Not started\n"},
+        {"testsuite --list @short.txt --report @short-report.txt", exitRefused, "1 A(3):B(2)",
+         "quintline-batch: " + d + "short.txt ends early: 2 of 3 entries missing\n"},
+        {"testsuite --list @odd.txt --report @odd-report.txt", exitDone, "1 A(3):B(2)",
+         "entry 1 skipped: its path \"a\\rb\" holds a line end or NUL\nentry 2 (/dev/zero) "
+         "skipped: /dev/zero: board file is larger than 64 KiB! Not loaded\n"
+         "entry 4 skipped: its path \"sm\" lacks its closing quote\n"}};
     for (const auto& [line, status, out, err] : rows) {
         SCOPED_TRACE(line);
         std::ostringstream printed, complained;
@@ -261,6 +286,12 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     }
     EXPECT_FALSE(std::filesystem::exists(d + "never.txt") ||
                  std::filesystem::exists(d + "r.txt.run.json"));
+    // Whole blocks, each line ended once, their tails naming the last path played.
+    for (const char* report : {"short-report.txt", "odd-report.txt"}) {
+        const std::string text = readBytes(d + report);
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 6) << text;
+        EXPECT_EQ(reportLines(d + report).back().rfind(d + "small.txtUsed Time", 0), 0u) << text;
+    }
 }
 
 TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {
@@ -301,7 +332,7 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     const auto lines = reportLines(d + "r.txt");
     ASSERT_EQ(lines.size(), 8u);
     EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(2):A(2)");
-    const Schedule schedule = *loadSchedule(d + "s.txt").schedule;
+    const Schedule own = *loadSchedule(d + "s.txt").schedule;
     // Pairings 3 and 4 are other players: no pair statistics.
     EXPECT_NE(out.str().find("\n1-2 "), std::string::npos);
     EXPECT_EQ(out.str().find("\n3-4 "), std::string::npos);
@@ -318,10 +349,10 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     for (int cycle = 1; cycle <= 3; ++cycle) {
         const Opening opening = drawOpening(uniform);
         std::istringstream groups(lines[static_cast<std::size_t>(cycle) + 1]);
-        for (std::size_t n = 0; n < schedule.size(); ++n, ++trees) {
+        for (std::size_t n = 0; n < own.size(); ++n, ++trees) {
             SCOPED_TRACE(std::to_string(cycle) + "." + std::to_string(n + 1));
             const std::string file = d + "g/" + recordFileName(true, cycle, n + 1);
-            const ResultGroup group = playPairing(library.game, schedule[n], opening).group;
+            const ResultGroup group = playPairing(library.game, own[n], opening).group;
             EXPECT_EQ(readBytes(file), formatBoardFile(library.game.state()));
             GameState& s = viewer.game.state();
             s.boardFilePath = file;
@@ -330,7 +361,7 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
             while (s.movesAhead > 0);
             ResultGroup reported;
             groups >> reported.letter >> reported.stones;
-            EXPECT_EQ(creditGame(schedule[n], s.gameResult, s.stepNum), reported);
+            EXPECT_EQ(creditGame(own[n], s.gameResult, s.stepNum), reported);
             EXPECT_EQ(group, reported);
 
             ASSERT_NE(trees, std::sregex_iterator());
@@ -343,8 +374,8 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
                          ']';
             EXPECT_EQ(std::vector<std::string>(m.begin() + 1, m.end()),
                       (std::vector<std::string>{std::to_string(cycle) + "." + std::to_string(n + 1),
-                                                n == 2 ? "A\\]\\\\" : schedule[n].blackCaption,
-                                                schedule[n].whiteCaption,
+                                                n == 2 ? "A\\]\\\\" : own[n].blackCaption,
+                                                own[n].whiteCaption,
                                                 s.gameResult == blackWon   ? "B+"
                                                 : s.gameResult == whiteWon ? "W+"
                                                                            : "0",
@@ -354,9 +385,9 @@ TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
     EXPECT_EQ(parsed, sgf.size());
 
     // The fixed pairings given as a file: the same report, byte for byte.
-    for (const std::string schedule : {"", " --schedule " QUINTLINE_SCHEDULES_DIR "/default.txt"})
+    for (const std::string option : {"", " --schedule " QUINTLINE_SCHEDULES_DIR "/default.txt"})
         EXPECT_EQ(runLine("tournament --cycles 2 --seed 5 --report @" +
-                              std::to_string(schedule.empty()) + ".txt" + schedule,
+                              std::to_string(option.empty()) + ".txt" + option,
                           d, out, err, shallowSearches()),
                   exitDone);
     EXPECT_EQ(readBytes(d + "0.txt"), readBytes(d + "1.txt"));

@@ -26,14 +26,15 @@ same block to the report as the desktop program's menu Testsuit does.
 
 constexpr const char* tournamentText =
     R"(N cycles, each a random six-stone opening
-played through the fourteen pairings.
+played through the fourteen pairings, or
+through those of --schedule FILE.
 --seed S repeats a run's openings; without it
 the seed comes from the clock and is printed on
 stderr. The openings do not depend on --jobs.)";
 
 constexpr const char* testSuiteText =
-    R"(The fourteen pairings from each board file
-named in the list (a count, then one path per
+    R"(The fourteen pairings, or those of --schedule
+FILE, from each board file named in the list (a count, then one path per
 line; paths are taken relative to the current
 directory). A board file that is refused is
 reported on stderr and skipped.)";
@@ -79,15 +80,19 @@ Before its first game a run writes PATH.run.json beside its report PATH and
 keeps it up to date; it is removed once the block is complete. While it is
 there, "quintline-batch resume --report PATH" continues the run.
 
-Ctrl-C stops the run: no new cycle or entry starts, each thread finishes the
-game it is playing and leaves the rest of its cycle or entry unplayed. The
-report keeps the whole lines of the cycles or entries that finished without a
-gap before them (the lines a shorter run with the same seed would write), and
-its summary, end and used lines count just those; the tables on stdout do
-too. A second Ctrl-C ends the program at once, leaving only whole lines.
+Ctrl-C, SIGTERM and SIGHUP stop the run: no new cycle or entry starts, each
+thread finishes the game it is playing and leaves the rest of its cycle or
+entry unplayed. The report keeps the whole lines of the cycles or entries that
+finished without a gap before them (the lines a shorter run with the same seed
+would write), and its summary, end and used lines count just those; the tables
+on stdout do too. A second signal of the same kind ends the program at once, leaving only
+whole lines. One run at a time appends to a report: a second one waits for the
+first to finish, or with --no-wait is refused.
 
 Exit status: 0 done (an SPRT stop included), 1 an input refused (nothing
-written to the report), 2 a usage error, 130 stopped by Ctrl-C.
+written to the report), 2 a usage error, 128 + the signal's number when
+stopped by one (130 for Ctrl-C). A test-suite list with fewer entries than its
+count is played as far as it goes, and the run then ends with status 1.
 )";
 
 // A decimal whole number from low to high, rewritten in the plain form the
@@ -148,6 +153,9 @@ void addRunOptions(CLI::App& command, RunOptions& run, SprtOptions& sprt) {
         ->transform(wholeNumber(1u, maxJobs));
     command.add_option("--report", run.report, "the report file, appended to (default result.txt)")
         ->type_name("PATH");
+    command.add_flag("!--no-wait", run.wait,
+                     "refuse to start while another run appends to the report, instead of "
+                     "waiting for it to finish");
     command.add_option("--games-csv", run.gamesCsv, "one row per game, in report order")
         ->type_name("PATH");
     command
@@ -297,8 +305,6 @@ ParsedArguments parseArguments(std::span<const std::string_view> args, unsigned 
     std::vector<std::string> words(args.rbegin(), args.rend());
     try {
         app.parse(words);
-    } catch (const CLI::CallForHelp&) {
-        return {HelpRequest{app.help()}, {}};
     } catch (const CLI::ParseError& error) {
         return {{}, error.what()};
     }

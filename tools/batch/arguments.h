@@ -41,6 +41,7 @@ struct RunOptions {
     std::string schedule;  // a schedule file to play instead of the fourteen fixed pairings
     std::string games;     // a folder that gets every game as a board file
     std::string sgf;       // an SGF collection that gets every game
+    bool wait = true;      // for another run that holds the report; refused with --no-wait
 };
 
 struct TournamentCommand {

@@ -28,16 +28,26 @@ std::optional<BatchJob> TournamentJobs::next() {
 }
 
 TestSuiteJobs::TestSuiteJobs(TestSuiteList& list, int firstEntry) : list_(list) {
-    for (; given_ + 1 < firstEntry && list_.nextEntry(); ++given_) ++skipped_;
+    for (; given_ + 1 < firstEntry; ++given_, ++skipped_) {
+        std::optional<ListEntry> entry = list_.nextEntry();
+        if (!entry) break;
+        if (entry->refusal.empty()) lastPath_ = std::move(entry->path);
+    }
 }
 
 std::optional<BatchJob> TestSuiteJobs::next() {
-    std::optional<std::string> path = list_.nextEntry();
-    if (!path) return std::nullopt;
+    std::optional<ListEntry> entry = list_.nextEntry();
+    if (!entry) return std::nullopt;
     ++given_;
     BatchJob job;
     job.number = given_;
-    job.boardFilePath = std::move(*path);
+    if (!entry->refusal.empty()) {
+        // The report goes on naming the entry before this one.
+        job.boardFilePath = lastPath_;
+        job.refusal = "entry " + std::to_string(given_) + " skipped: " + entry->refusal;
+        return job;
+    }
+    job.boardFilePath = lastPath_ = std::move(entry->path);
     BoardFileRead read = loadBoardFile(job.boardFilePath);
     if (read.fault == BoardFileFault::none)
         job.start = std::move(read.file);

@@ -84,13 +84,14 @@ class TestSuiteJobs final : public JobSource {
     TestSuiteList& list_;
     int given_ = 0;
     int skipped_ = 0;
+    std::string lastPath_;  // of the last entry whose path could be used
 };
 
 // A cycle or entry whose report line has just been written, in run order.
 struct FinishedCycle {
-    std::size_t number = 0;     // the cycle, or the entry's place in the list; from 1
-    std::string boardFilePath;  // the entry's path; empty in a tournament
-    bool tournament = true;
+    std::size_t number = 0;         // the cycle, or the entry's place in the list; from 1
+    std::string boardFilePath;      // the entry's path; empty in a tournament
+    bool tournament = true;         // false for a test-suite entry
     std::vector<PlayedGame> games;  // one per pairing, in pairing order
 };
 

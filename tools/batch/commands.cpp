@@ -17,6 +17,7 @@
 #include "batch/summaryTable.h"
 #include "harness/batchMessages.h"
 #include "harness/report.h"
+#include "harness/reportLock.h"
 #include "harness/scheduleFile.h"
 #include "harness/testSuiteList.h"
 
@@ -129,6 +130,34 @@ int finish(const BatchOutcome& outcome, Report& report, RunOutputs& outputs, Run
     return broken || outcome.rankLost ? exitRefused : outcome.stopped ? exitStopped : exitDone;
 }
 
+// Takes the report's lock, waiting for another run to let go of it unless
+// told not to; exitDone when taken.
+int lockReport(ReportLock& lock, const std::string& report, bool wait,
+               const Environment& environment, Console console) {
+    using enum ReportLock::Outcome;
+    const ReportLock::Outcome outcome =
+        wait ? lock.take(report, environment.stop,
+                         [&] {
+                             complain(console.err,
+                                      "waiting for another run to finish with " + report);
+                         })
+             : lock.tryTake(report);
+    switch (outcome) {
+        case taken:
+            return exitDone;
+        case busy:
+            complain(console.err, reportBusy(report));
+            return exitRefused;
+        case cannotOpen:
+            complain(console.err, reportNotStarted(report));
+            return exitRefused;
+        case stopped:
+            complain(console.err, "stopped while waiting: nothing written");
+            return exitStopped;
+    }
+    return exitRefused;
+}
+
 // Plays the block that `state` describes, from its start or, when resuming,
 // from where it stopped: checks every input first, then appends to the report
 // and keeps the records, the other outputs and the sidecar.
@@ -153,14 +182,19 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
     }
     RunOutputs outputs(state.options, schedule.pairings());
     RunKeeper keeper(state, schedule, outputs);
-    if (fault.empty()) keeper.prepare(fault);
     if (fault.empty())
         if (const auto path = outputs.prepare(resuming)) fault = reportNotStarted(*path);
     if (!fault.empty()) {
         complain(console.err, fault);
         return exitRefused;
     }
-
+    ReportLock lock;
+    if (const int status = lockReport(lock, state.report, state.options.wait, environment, console))
+        return status;
+    if (!keeper.prepare(fault)) {
+        complain(console.err, fault);
+        return exitRefused;
+    }
     Report report(state.report, environment.clock);
     MessageLog messages(console.err, console.progress);
     const RunFacts facts{state.tournament ? "tournament" : "testsuite",
@@ -168,9 +202,15 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
                          StopCause::none};
     if (resuming) {
         // Cut what the interrupted part left behind its last counted line.
-        std::filesystem::resize_file(state.report, state.reportSize);
-        if (!state.options.sgf.empty())
-            std::filesystem::resize_file(state.options.sgf, state.sgfSize);
+        std::error_code error;
+        std::filesystem::resize_file(state.report, state.reportSize, error);
+        // An SGF collection is made by the first game it gets.
+        if (!error && std::filesystem::exists(state.options.sgf))
+            std::filesystem::resize_file(state.options.sgf, state.sgfSize, error);
+        if (error) {
+            complain(console.err, "can not cut the interrupted part: " + error.message());
+            return exitRefused;
+        }
         outputs.restore(state.tally);
         report.resume(static_cast<float>(state.usedSeconds));
     } else {
@@ -183,6 +223,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         state.reportSize = sizeOrZero(state.report);
         state.sgfSize = sizeOrZero(state.options.sgf);
         state.credits.assign(schedule.size(), 0);
+        state.tally = outputs.tally().counts();
     }
     BatchOutcome outcome{state.lines, state.passed, state.credits, state.lastPath};
     if (const auto path = outputs.start(resuming ? state.csvSize : 0)) {
@@ -190,6 +231,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         outcome.reportFailed = true;
         return finish(outcome, report, outputs, keeper, facts, console, messages);
     }
+    if (!resuming) state.csvSize = sizeOrZero(state.options.gamesCsv);  // its header row
     keeper.save(messages);
 
     SeededUniform uniform(state.seed);
@@ -207,7 +249,10 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
         return after;
     };
     outcome = playBatch(*jobs, report, settings, environment.stop, messages, &keeper, outcome);
-    return finish(outcome, report, outputs, keeper, facts, console, messages);
+    const int status = finish(outcome, report, outputs, keeper, facts, console, messages);
+    if (status != exitDone || state.tournament || list.shortfall().empty()) return status;
+    complain(console.err, list.shortfall());
+    return exitRefused;
 }
 
 }  // namespace
@@ -288,7 +333,13 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
             return analyseCommand(c, environment.searches, console);
         }
     };
-    return std::visit(Dispatch{environment, console}, *parsed.command);
+    const int status = std::visit(Dispatch{environment, console}, *parsed.command);
+    // Results that never reached stdout (a full disk, a closed pipe) are a failure.
+    if (status == exitDone && !console.out.flush()) {
+        complain(console.err, "the results could not be written to stdout");
+        return exitRefused;
+    }
+    return status;
 }
 
 }  // namespace quintline::batch

@@ -21,7 +21,7 @@ enum ExitStatus : int {
     exitDone = 0,
     exitRefused = 1,
     exitUsage = 2,
-    exitStopped = 130,  // as a shell reports a program ended by SIGINT
+    exitStopped = 130,  // as a shell reports a program ended by SIGINT; main adds the signal's own
 };
 
 struct Console {
@@ -34,7 +34,7 @@ struct Console {
 // clock and cheaper searches here.
 struct Environment {
     Clock& clock;
-    const std::atomic<bool>& stop;  // set by Ctrl-C
+    const std::atomic<bool>& stop;  // set by Ctrl-C, SIGTERM or SIGHUP
     SearchSet searches{};
     std::vector<std::string> commandLine{};  // the words after the program name, kept with a run
     RemotePlayers* remote = nullptr;         // the other ranks of an MPI run

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <regex>
 
 #include "boardfile/sgfGame.h"
 #include "harness/reportLines.h"
@@ -28,6 +29,11 @@ RunKeeper::RunKeeper(RunState& state, const Schedule& schedule, const RunOutputs
     : state_(state), schedule_(schedule), outputs_(outputs), usedBefore_(state.usedSeconds) {}
 
 bool RunKeeper::prepare(std::string& fault) {
+    // Under the report's lock no other run writes the sidecar or the records.
+    const std::filesystem::path sidecar = sidecarPath(state_.report);
+    removeLeftoverPartials(
+        sidecar.parent_path().empty() ? "." : sidecar.parent_path(),
+        std::regex_replace(sidecar.filename().string(), std::regex(R"(\.)"), R"(\.)"));
     if (state_.options.games.empty()) return true;
     std::error_code error;
     std::filesystem::create_directories(state_.options.games, error);
@@ -35,6 +41,7 @@ bool RunKeeper::prepare(std::string& fault) {
         fault = state_.options.games + " can not be made a folder for the games! Not started";
         return false;
     }
+    removeLeftoverPartials(state_.options.games, R"([ce][0-9]+-p[0-9]+\.txt)");
     return true;
 }
 

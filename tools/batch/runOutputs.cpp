@@ -1,5 +1,7 @@
 #include "batch/runOutputs.h"
 
+#include <cassert>
+
 #include "batch/gamesCsv.h"
 
 namespace quintline::batch {
@@ -28,6 +30,11 @@ AfterCycle RunOutputs::afterLine(const FinishedCycle& cycle) {
     tally_.add(cycle.games);
     const auto status = sprt();
     return status && status->accepted ? AfterCycle::stop : AfterCycle::carryOn;
+}
+
+const std::filesystem::path& RunOutputs::failedPath() const {
+    assert(csv_);  // the one output written in afterLine
+    return csv_->target();
 }
 
 std::optional<SprtStatus> RunOutputs::sprt() const {

@@ -34,7 +34,7 @@ class RunOutputs {
     // For BatchSettings::afterLine, in run order.
     AfterCycle afterLine(const FinishedCycle& cycle);
     // The path of the output whose write failed in afterLine.
-    const std::filesystem::path& failedPath() const { return csv_->target(); }
+    const std::filesystem::path& failedPath() const;
 
     std::optional<SprtStatus> sprt() const;
     const RunTally& tally() const { return tally_; }
