@@ -25,6 +25,11 @@ compare() {
   diff "$name/one/err.log" "$name/mpi/err.log"
 }
 
+# A usage error is told once, by rank 0, with the usual status.
+status=0 && mpi 3 tournament --cycles x 2> usage.log || status=$?
+[ $status = 2 ]
+[ "$(grep -c -- --cycles usage.log)" = 1 ]
+
 # A tournament that SPRT stops after 8 of 14 cycles; every rank plays on past it.
 compare sprt tournament --cycles 14 --seed 5 --sprt 1 --elo0 0 --elo1 200
 grep -q '"stoppedBy": "sprt"' sprt/one/s.json
@@ -41,8 +46,9 @@ printf '%s' "$list../../missing.txt"$'\r\n' > list.txt
 compare suite testsuite --list ../../list.txt
 grep -q 'entry 11 (../../missing.txt) skipped' suite/mpi/err.log
 
-# A rank killed mid-run: rank 0 keeps whole lines and its sidecar, mpirun names
-# the rank, and resume over two ranks ends with the uninterrupted run's outputs.
+# A rank killed mid-run: mpirun names it and stops the others as on SIGTERM,
+# rank 0 keeps whole lines and its sidecar, and resume over two ranks ends with
+# the uninterrupted run's outputs.
 run=(tournament --cycles 24 --seed 9 --jobs 1 "${outputs[@]}")
 mkdir -p whole cut
 (cd whole && "$program" "${run[@]}" > out.log 2> err.log)
