@@ -22,14 +22,15 @@ struct Session {
     int status = 0;  // exit status; 124 when it still ran after a minute
 };
 
-// Runs the program on stdin given in `parts`, half a second apart.
+// Runs the program on stdin given in `parts`, two seconds apart, so that a loaded machine answers
+// each part first.
 Session runEngine(const std::string& args, const Lines& parts, bool messages = true) {
     const testing::ScratchDirectory dir;
     std::string command = "(";
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const auto file = dir / std::to_string(i);
         testing::writeBytes(file, parts[i]);
-        command += (i ? "; sleep 0.5; cat " : "cat ") + file.string();
+        command += (i ? "; sleep 2; cat " : "cat ") + file.string();
     }
     command += ") | timeout 60 " QUINTLINE_ENGINE_PROGRAM " " + args;
     Session session;
