@@ -10,7 +10,7 @@ build=build/release
 jobs=$(nproc)
 
 if [ ! -f "$build/compile_commands.json" ]; then
-  cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release
+  cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUINTLINE_WITH_MPI=ON
 fi
 # The Qt sources include the headers moc generates during the build.
 cmake --build "$build" -j "$jobs"
