@@ -33,14 +33,6 @@ Side colourOfStone(int k) {
     return k % 2 == 0 ? white : black;
 }
 
-template <typename Start>
-CycleResults playAll(Game& game, const Schedule& schedule, const Start& start) {
-    CycleResults results;
-    for (const Pairing& pairing : schedule)
-        results.push_back(playPairing(game, pairing, start).group);
-    return results;
-}
-
 }  // namespace
 
 void setUpOpening(Game& game, const Opening& opening) {
@@ -72,11 +64,10 @@ PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file
 }
 
 CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening) {
-    return playAll(game, schedule, opening);
-}
-
-CycleResults playEntry(Game& game, const Schedule& schedule, const BoardFile& file) {
-    return playAll(game, schedule, file);
+    CycleResults results;
+    for (const Pairing& pairing : schedule)
+        results.push_back(playPairing(game, pairing, opening).group);
+    return results;
 }
 
 }  // namespace quintline

@@ -22,7 +22,7 @@ PlayedGame playPairing(Game& game, const Pairing& pairing, const Opening& openin
 // (stepForward runs at least once), whatever the replay's result.
 PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file);
 
+// Every pairing of the schedule from one opening.
 CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening);
-CycleResults playEntry(Game& game, const Schedule& schedule, const BoardFile& file);
 
 }  // namespace quintline

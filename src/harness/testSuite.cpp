@@ -1,8 +1,8 @@
 #include "harness/testSuite.h"
 
 #include "boardfile/boardFileFormat.h"
+#include "harness/batchJobs.h"
 #include "harness/batchMessages.h"
-#include "harness/pairingGame.h"
 #include "harness/report.h"
 #include "harness/reportLines.h"
 #include "harness/reportLock.h"
@@ -43,21 +43,22 @@ void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFil
     state.twoUsers = flagFalse;
     state.clickAllowed = flagFalse;
 
-    while (std::optional<ListEntry> entry = list.nextEntry()) {
-        if (!entry->refusal.empty()) {
-            toolkit.messageBox(listFile.string() + ": an entry skipped: " + entry->refusal,
+    TestSuiteJobs jobs(list);
+    while (const std::optional<BatchJob> job = jobs.next()) {
+        if (job->entryRefused) {
+            toolkit.messageBox(listFile.string() + ": an entry skipped: " + job->refusal,
                                MessageButtons::ok);
             continue;
         }
-        state.boardFilePath = std::move(entry->path);
+        state.boardFilePath = job->boardFilePath;
         toolkit.setCaption(Control::mainForm, state.windowTitle + "      " + state.boardFilePath);
         // Read once and checked once: a refused file is reported once and skipped.
-        const BoardFileRead read = loadBoardFile(state.boardFilePath);
-        if (read.fault != BoardFileFault::none) {
-            toolkit.messageBox(refusalMessage(state.boardFilePath, read), MessageButtons::ok);
+        if (!job->refusal.empty()) {
+            toolkit.messageBox(job->refusal, MessageButtons::ok);
             continue;
         }
-        const CycleResults results = playEntry(game, schedule, read.file);
+        const CycleResults results =
+            resultsOf(*playJob(game, schedule, *job, [] { return false; }));
         countCredits(credits, results);
         if (!report.addGameLine(state.boardFilePath, results)) {
             toolkit.messageBox(reportStopped(reportFile), MessageButtons::ok);

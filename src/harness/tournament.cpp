@@ -1,8 +1,7 @@
 #include "harness/tournament.h"
 
+#include "harness/batchJobs.h"
 #include "harness/batchMessages.h"
-#include "harness/opening.h"
-#include "harness/pairingGame.h"
 #include "harness/report.h"
 #include "harness/reportLines.h"
 #include "harness/reportLock.h"
@@ -32,9 +31,10 @@ void runTournament(Game& game, UniformSource& uniform, Clock& clock,
     }
     const Schedule& schedule = Schedule::fixed();
     CreditCounts credits(schedule.size());
-    for (int cycle = 0; cycle < state.cycleCount; ++cycle) {
-        const Opening opening = drawOpening(uniform);
-        const CycleResults results = playCycle(game, schedule, opening);
+    TournamentJobs jobs(state.cycleCount, uniform);
+    while (const std::optional<BatchJob> job = jobs.next()) {
+        const CycleResults results =
+            resultsOf(*playJob(game, schedule, *job, [] { return false; }));
         countCredits(credits, results);
         if (!report.addGameLine(state.boardFilePath, results)) {
             game.toolkit().messageBox(reportStopped(reportFile), MessageButtons::ok);

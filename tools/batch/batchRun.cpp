@@ -14,75 +14,6 @@
 
 namespace quintline::batch {
 
-TournamentJobs::TournamentJobs(int cycles, UniformSource& uniform, int firstCycle)
-    : cycles_(cycles),
-      uniform_(uniform),
-      expected_(static_cast<std::size_t>(std::max(cycles - firstCycle + 1, 0))) {
-    for (; given_ + 1 < firstCycle; ++given_) drawOpening(uniform_);
-}
-
-std::optional<BatchJob> TournamentJobs::next() {
-    if (given_ >= cycles_) return std::nullopt;
-    ++given_;
-    return BatchJob{given_, {}, drawOpening(uniform_), {}};
-}
-
-TestSuiteJobs::TestSuiteJobs(TestSuiteList& list, int firstEntry) : list_(list) {
-    for (; given_ + 1 < firstEntry; ++given_, ++skipped_) {
-        std::optional<ListEntry> entry = list_.nextEntry();
-        if (!entry) break;
-        if (entry->refusal.empty()) lastPath_ = std::move(entry->path);
-    }
-}
-
-std::optional<BatchJob> TestSuiteJobs::next() {
-    std::optional<ListEntry> entry = list_.nextEntry();
-    if (!entry) return std::nullopt;
-    ++given_;
-    BatchJob job;
-    job.number = given_;
-    if (!entry->refusal.empty()) {
-        // The report goes on naming the entry before this one.
-        job.boardFilePath = lastPath_;
-        job.refusal = "entry " + std::to_string(given_) + " skipped: " + entry->refusal;
-        return job;
-    }
-    job.boardFilePath = lastPath_ = std::move(entry->path);
-    BoardFileRead read = loadBoardFile(job.boardFilePath);
-    if (read.fault == BoardFileFault::none)
-        job.start = std::move(read.file);
-    else
-        job.refusal = "entry " + std::to_string(given_) + " (" + job.boardFilePath +
-                      ") skipped: " + refusalMessage(job.boardFilePath, read);
-    return job;
-}
-
-std::size_t TestSuiteJobs::expected() const {
-    return static_cast<std::size_t>(std::max<int>(list_.count() - skipped_, 0));
-}
-
-std::optional<std::vector<PlayedGame>> playJob(Game& game, const Schedule& schedule,
-                                               const BatchJob& job,
-                                               const std::function<bool()>& halted,
-                                               const std::function<void()>& gameDone) {
-    GameState& state = game.state();
-    state.boardFilePath = job.boardFilePath;
-    if (std::holds_alternative<BoardFile>(job.start)) {
-        // A test-suite run takes clicks from nobody.
-        state.twoUsers = flagFalse;
-        state.clickAllowed = flagFalse;
-    }
-    std::vector<PlayedGame> games;
-    games.reserve(schedule.size());
-    for (const Pairing& pairing : schedule) {
-        if (halted()) return std::nullopt;
-        games.push_back(std::visit(
-            [&](const auto& start) { return playPairing(game, pairing, start); }, job.start));
-        if (gameDone) gameDone();
-    }
-    return games;
-}
-
 namespace {
 
 // Shared with the threads that play, which may outlive the call when a run
@@ -166,11 +97,16 @@ class BatchRun final : public RemoteHost, public std::enable_shared_from_this<Ba
     }
 
     static FinishedJob finishedShell(const BatchJob& job) {
+        const std::string entry = "entry " + std::to_string(job.number);
+        std::string refusal = job.refusal.empty() ? ""
+                              : job.entryRefused
+                                  ? entry + " skipped: " + job.refusal
+                                  : entry + " (" + job.boardFilePath + ") skipped: " + job.refusal;
         return {{static_cast<std::size_t>(job.number),
                  job.boardFilePath,
                  std::holds_alternative<Opening>(job.start),
                  {}},
-                job.refusal};
+                std::move(refusal)};
     }
 
     std::size_t gamesExpected() const {
@@ -257,8 +193,7 @@ class BatchRun final : public RemoteHost, public std::enable_shared_from_this<Ba
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
         } else {
-            CycleResults results;
-            for (const PlayedGame& game : cycle.games) results.push_back(game.group);
+            const CycleResults results = resultsOf(cycle.games);
             if (keeper_ && !keeper_->keepRecords(cycle, messages_)) return fail(false);
             if (!report_.addGameLine(cycle.boardFilePath, results)) return fail(true);
             countCredits(outcome_.credits, results);
