@@ -14,7 +14,7 @@ namespace quintline {
 
 inline constexpr std::string_view testSuiteFileName = "testsuit.txt";
 // A longer list is refused: at most 32767 entries, each a short path.
-inline constexpr std::size_t maxTestSuiteListBytes = 4 * 1024 * 1024;
+inline constexpr std::size_t maxTestSuiteListBytes = std::size_t{4} * 1024 * 1024;
 
 struct ListEntry {
     std::string path;

@@ -158,6 +158,59 @@ int lockReport(ReportLock& lock, const std::string& report, bool wait,
     return exitRefused;
 }
 
+// The first fault of the block's inputs, `fault` when it holds one already:
+// the list, the SPRT pair and, when resuming, the report and the outputs the
+// interrupted part left. Empty when all of them will do.
+std::string inputFault(const RunState& state, bool resuming, const Schedule& schedule,
+                       TestSuiteList& list, std::string fault) {
+    if (fault.empty() && !state.tournament && !list.open(state.list, fault))
+        fault = listNotStarted(fault);
+    if (fault.empty() && state.options.sprt && !sprtPairFits(*state.options.sprt, schedule))
+        fault = "--sprt " + std::to_string(state.options.sprt->pair) + ": pairings " +
+                std::to_string(2 * state.options.sprt->pair - 1) + " and " +
+                std::to_string(2 * state.options.sprt->pair) +
+                " of the schedule are not the same players with the colours swapped";
+    if (!fault.empty() || !resuming) return fault;
+    fault = reportFault(state, schedule.size(), schedule.header());
+    if (fault.empty() && sizeOrZero(state.options.sgf) < state.sgfSize)
+        fault = state.options.sgf + " is shorter than the run left it; nothing resumed";
+    if (fault.empty() && sizeOrZero(state.options.gamesCsv) < state.csvSize)
+        fault = state.options.gamesCsv + " is shorter than the run left it; nothing resumed";
+    return fault;
+}
+
+// Resuming, cuts what the interrupted part left behind its last counted line
+// and takes up its counts; else starts the report and notes where each output
+// begins. False, with the reason said, when that fails.
+bool startBlock(RunState& state, bool resuming, const Schedule& schedule, Report& report,
+                RunOutputs& outputs, Console console) {
+    if (resuming) {
+        std::error_code error;
+        std::filesystem::resize_file(state.report, state.reportSize, error);
+        // An SGF collection is made by the first game it gets.
+        if (!error && std::filesystem::exists(state.options.sgf))
+            std::filesystem::resize_file(state.options.sgf, state.sgfSize, error);
+        if (error) {
+            complain(console.err, "can not cut the interrupted part: " + error.message());
+            return false;
+        }
+        outputs.restore(state.tally);
+        report.resume(static_cast<float>(state.usedSeconds));
+        return true;
+    }
+    state.reportSizeBefore = sizeOrZero(state.report);
+    // A fresh session's boardFilePath: empty.
+    if (!report.open({}, schedule.header())) {
+        complain(console.err, reportNotStarted(report.file()));
+        return false;
+    }
+    state.reportSize = sizeOrZero(state.report);
+    state.sgfSize = sizeOrZero(state.options.sgf);
+    state.credits.assign(schedule.size(), 0);
+    state.tally = outputs.tally().counts();
+    return true;
+}
+
 // Plays the block that `state` describes, from its start or, when resuming,
 // from where it stopped: checks every input first, then appends to the report
 // and keeps the records, the other outputs and the sidecar.
@@ -166,20 +219,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
     std::string fault;
     const Schedule schedule = scheduleOf(state, fault);
     TestSuiteList list;
-    if (fault.empty() && !state.tournament && !list.open(state.list, fault))
-        fault = listNotStarted(fault);
-    if (fault.empty() && state.options.sprt && !sprtPairFits(*state.options.sprt, schedule))
-        fault = "--sprt " + std::to_string(state.options.sprt->pair) + ": pairings " +
-                std::to_string(2 * state.options.sprt->pair - 1) + " and " +
-                std::to_string(2 * state.options.sprt->pair) +
-                " of the schedule are not the same players with the colours swapped";
-    if (fault.empty() && resuming) {
-        fault = reportFault(state, schedule.size(), schedule.header());
-        if (fault.empty() && sizeOrZero(state.options.sgf) < state.sgfSize)
-            fault = state.options.sgf + " is shorter than the run left it; nothing resumed";
-        if (fault.empty() && sizeOrZero(state.options.gamesCsv) < state.csvSize)
-            fault = state.options.gamesCsv + " is shorter than the run left it; nothing resumed";
-    }
+    fault = inputFault(state, resuming, schedule, list, std::move(fault));
     RunOutputs outputs(state.options, schedule.pairings());
     RunKeeper keeper(state, schedule, outputs);
     if (fault.empty())
@@ -200,31 +240,7 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
     const RunFacts facts{state.tournament ? "tournament" : "testsuite",
                          state.tournament ? std::optional(state.seed) : std::nullopt, jobCount, 0,
                          StopCause::none};
-    if (resuming) {
-        // Cut what the interrupted part left behind its last counted line.
-        std::error_code error;
-        std::filesystem::resize_file(state.report, state.reportSize, error);
-        // An SGF collection is made by the first game it gets.
-        if (!error && std::filesystem::exists(state.options.sgf))
-            std::filesystem::resize_file(state.options.sgf, state.sgfSize, error);
-        if (error) {
-            complain(console.err, "can not cut the interrupted part: " + error.message());
-            return exitRefused;
-        }
-        outputs.restore(state.tally);
-        report.resume(static_cast<float>(state.usedSeconds));
-    } else {
-        state.reportSizeBefore = sizeOrZero(state.report);
-        // A fresh session's boardFilePath: empty.
-        if (!report.open({}, schedule.header())) {
-            complain(console.err, reportNotStarted(report.file()));
-            return exitRefused;
-        }
-        state.reportSize = sizeOrZero(state.report);
-        state.sgfSize = sizeOrZero(state.options.sgf);
-        state.credits.assign(schedule.size(), 0);
-        state.tally = outputs.tally().counts();
-    }
+    if (!startBlock(state, resuming, schedule, report, outputs, console)) return exitRefused;
     BatchOutcome outcome{state.lines, state.passed, state.credits, state.lastPath};
     if (const auto path = outputs.start(resuming ? state.csvSize : 0)) {
         complain(console.err, reportStopped(*path));

@@ -28,8 +28,8 @@ void RunTally::add(std::span<const PlayedGame> games) {
         if (games[n].group.letter == 'A') ++credits_[n];
     }
     for (std::size_t p = 0; p < pairs_.size(); ++p)
-        ++pentanomials_[p][static_cast<std::size_t>(halfPoints[pairs_[p].first] +
-                                                    halfPoints[pairs_[p].second])];
+        ++pentanomials_[p][static_cast<std::size_t>(halfPoints[pairs_[p].first]) +
+                           static_cast<std::size_t>(halfPoints[pairs_[p].second])];
 }
 
 void RunTally::restore(const TallyCounts& counts) {

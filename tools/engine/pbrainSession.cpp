@@ -93,20 +93,22 @@ std::string PbrainSession::answer(std::string_view line) {
     return command(upper(word), rest, line);
 }
 
+std::string PbrainSession::start(std::string_view word, std::string_view rest) {
+    std::optional<int> size;
+    if (word == "START") {
+        if (const auto n = numbers<1>(rest)) size = (*n)[0];
+    } else if (const auto n = numbers<2>(rest)) {
+        size = (*n)[0] == (*n)[1] ? (*n)[0] : -1;  // never square: refused below
+    }
+    if (!size) return "ERROR malformed board size \"" + std::string(rest) + "\"\n";
+    if (*size != boardSize) return "ERROR only the 15 by 15 board is supported\n";
+    clear();
+    return "OK\n";
+}
+
 std::string PbrainSession::command(std::string_view word, std::string_view rest,
                                    std::string_view line) {
-    if (word == "START" || word == "RECTSTART") {
-        std::optional<int> size;
-        if (word == "START") {
-            if (const auto n = numbers<1>(rest)) size = (*n)[0];
-        } else if (const auto n = numbers<2>(rest)) {
-            size = (*n)[0] == (*n)[1] ? (*n)[0] : -1;  // never square: refused below
-        }
-        if (!size) return "ERROR malformed board size \"" + std::string(rest) + "\"\n";
-        if (*size != boardSize) return "ERROR only the 15 by 15 board is supported\n";
-        clear();
-        return "OK\n";
-    }
+    if (word == "START" || word == "RECTSTART") return start(word, rest);
     if (word == "RESTART") {
         clear();
         return "OK\n";
@@ -171,8 +173,9 @@ std::string PbrainSession::setUpBoard() {
     clear();
     // The side to move is the engine: black on an even count of stones.
     const Side own = boardFields_.size() % 2 == 0 ? black : white;
+    const Side other = own == black ? white : black;
     for (const Field& field : boardFields_)
-        placeStone(state_.position, field.point.x, field.point.y, field.owner == 1 ? own : -own);
+        placeStone(state_.position, field.point.x, field.point.y, field.owner == 1 ? own : other);
     state_.stepNum = static_cast<std::int16_t>(boardFields_.size());
     return move();
 }

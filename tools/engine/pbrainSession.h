@@ -44,6 +44,8 @@ class PbrainSession {
     std::string command(std::string_view word, std::string_view rest, std::string_view line);
     std::string boardLine(std::string_view line);
     std::string setUpBoard();
+    // START size, or RECTSTART width,height: only the 15 by 15 board is taken.
+    std::string start(std::string_view word, std::string_view rest);
     std::string turn(std::string_view rest);
     std::string takeBack(std::string_view rest);
     void noteRule(std::string_view rest);
