@@ -90,7 +90,7 @@ void expectAgreement(const std::vector<std::string>& report, const std::string& 
         }
         EXPECT_EQ(report[2 + c], line);
         for (std::size_t k = 0; k < pentanomials.size(); ++k)
-            ++pentanomials[k][static_cast<std::size_t>(points[2 * k] + points[2 * k + 1])];
+            ++pentanomials[k][std::size_t{0} + points[2 * k] + points[2 * k + 1]];
     }
     for (std::size_t n = 0; n < schedule.size(); ++n) {
         const auto& j = summary["pairings"][n];
