@@ -1,26 +1,12 @@
-#include <charconv>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "game/captions.h"
 #include "game/game.h"
+#include "game/settings.h"
 
 namespace quintline {
-
-namespace {
-
-// A depth box's text as a 16-bit number; blanks around the digits are allowed.
-std::optional<std::int16_t> depthFromText(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    std::int16_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return value;
-}
-
-}  // namespace
 
 void Game::startSession() {
     GameState& s = state_;
@@ -28,8 +14,6 @@ void Game::startSession() {
     s.windowTitle = toolkit_.designCaption() + "  " + size + "*" + size + "  ";
     toolkit_.setCaption(Control::mainForm, s.windowTitle);
 
-    s.winScore = static_cast<Score>(roundHalfEven(2147483647.0 / 20 / 10));
-    s.sureScore = static_cast<Score>(roundHalfEven(s.winScore / 10.0));
     s.cellSize = cellSizeFor(toolkit_.boardWidth());
     // The line table is built at compile time; there is nothing to build here.
 

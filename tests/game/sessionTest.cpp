@@ -24,8 +24,7 @@ TEST(StartUp, OpensWithTheCentreStoneAndTheDesignSettingsAndANewGameClearsIt) {
         game.newGame();
         const GameState& s = game.state();
         EXPECT_EQ(s.windowTitle, "Quintline Version 3.5  15*15  ");
-        EXPECT_EQ(std::tuple(s.winScore, s.sureScore, s.cellSize, s.depthA, s.depthB),
-                  std::tuple(10737418, 1073742, 533, 3, 3));
+        EXPECT_EQ(std::tuple(s.cellSize, s.depthA, s.depthB), std::tuple(533, 3, 3));
         EXPECT_EQ(
             std::tuple(s.blackSide, s.whiteSide, s.computerKind, s.computerColour, s.twoUsers),
             std::tuple(computerA, userKind, computerA, black, flagFalse));

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <random>
 
-#include "players/windowSearch.h"
+#include "players/plainSearch.h"
 #include "reference/literalSearches.h"
 
 namespace quintline {

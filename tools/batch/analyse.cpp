@@ -10,12 +10,6 @@
 namespace quintline::batch {
 namespace {
 
-// The kind a colour plays against `kind` unless told otherwise: the other
-// family's plain computer.
-PlayerKind opponentOf(PlayerKind kind) {
-    return isAFamily(kind) ? computerB : computerA;
-}
-
 std::string_view colourName(Side side) {
     return side == black ? "black" : "white";
 }
@@ -40,10 +34,9 @@ AnalyseOutcome analysePosition(const AnalyseCommand& command, const SearchSet& s
     GameState& state = game->state();
     const std::int16_t step = state.stepNum;
     const Side mover = sideToMove(static_cast<std::int16_t>(step + 1));
-    const PlayerKind moverDefault = command.kind;
-    const PlayerKind otherDefault = opponentOf(command.kind);
-    state.blackSide = command.black.value_or(mover == black ? moverDefault : otherDefault);
-    state.whiteSide = command.white.value_or(mover == white ? moverDefault : otherDefault);
+    seatAgainstOpponent(state, command.kind);
+    state.blackSide = command.black.value_or(state.blackSide);
+    state.whiteSide = command.white.value_or(state.whiteSide);
 
     const bool modelled = command.kind == aKnowsB || command.kind == bKnowsA;
     if (modelled) {
@@ -62,21 +55,9 @@ AnalyseOutcome analysePosition(const AnalyseCommand& command, const SearchSet& s
     state.bestX[step] = 0;
     state.bestY[step] = 0;
     Analysis analysis;
-    switch (command.kind) {
-        case computerA:
-            analysis.value = searches.searchA(state, step, command.depth);
-            break;
-        case computerB:
-            analysis.value = searches.searchB(state, step, command.depth);
-            break;
-        default: {
-            const auto search =
-                command.kind == aKnowsB ? searches.searchAKnowsB : searches.searchBKnowsA;
-            const nodeScores scores = search(state, step, command.depth);
-            analysis.value = scores.ownScore;
-            analysis.modelScore = scores.modelScore;
-        }
-    }
+    const nodeScores scores = searches.run(command.kind, state, command.depth).value();
+    analysis.value = scores.ownScore;
+    if (modelled) analysis.modelScore = scores.modelScore;
     state.stepNum = step;
     analysis.point = {state.bestX[step], state.bestY[step]};
     outcome.analysis = analysis;
