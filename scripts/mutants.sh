@@ -57,8 +57,9 @@ EOF
 )
 
 echo "scratch copy in $scratch"
+rm -rf "$scratch/src"
 mkdir -p "$scratch/src"
-rsync -a --delete --exclude build --exclude .git ./ "$scratch/src/"
+tar -c --exclude=./build --exclude=./.git . | tar -x -C "$scratch/src"
 cmake -S "$scratch/src" -B "$scratch/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DQUINTLINE_WITH_GUI=OFF >/dev/null
 cmake --build "$scratch/build" -j2 >/dev/null

@@ -39,14 +39,10 @@ Score plain(SearchState& s, std::int16_t step, std::int16_t depth) {
     return side * best;
 }
 
-inline constexpr auto searchA = &plain<evalA>;
-inline constexpr auto searchB = &plain<evalB>;
-inline constexpr auto searchAKnowsB = &literalOpponentModel<evalA, evalB, aKnowsB>;
-inline constexpr auto searchBKnowsA = &literalOpponentModel<evalB, evalA, bKnowsA>;
-
 // The literal searches as a set a game can be given in place of the production one.
 inline SearchSet literalSearchSet() {
-    return {searchA, searchB, searchAKnowsB, searchBKnowsA};
+    return {&plain<evalA>, &plain<evalB>, &literalOpponentModel<evalA, evalB, aKnowsB>,
+            &literalOpponentModel<evalB, evalA, bKnowsA>};
 }
 
 }  // namespace quintline::reference
