@@ -7,15 +7,19 @@
 #
 #   scripts/mutants.sh [PATTERN]    only the faults whose line matches PATTERN
 #
-# MUTANT_DIR    scratch directory (default /tmp/quintline-mutants)
-# MUTANT_TEST   test command, run in the scratch build directory
-#               (default: ctest over every test, bench signature included)
+# MUTANT_DIR      scratch directory (default /tmp/quintline-mutants)
+# MUTANT_TARGETS  build targets (default: everything but the windows)
+# MUTANT_TEST     test command, run in the scratch build directory (default:
+#                 ctest over every test built, bench signature included), e.g.
+#   MUTANT_TARGETS="players_tests reference_tests" \
+#   MUTANT_TEST="tests/players/players_tests && tests/reference/reference_tests" scripts/mutants.sh
 # Exit status: 0 when every fault was caught, 1 otherwise.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scratch=${MUTANT_DIR:-/tmp/quintline-mutants}
 test_command=${MUTANT_TEST:-"ctest -j2 --timeout 600 -Q"}
+targets=(${MUTANT_TARGETS:-all})
 pattern=${1:-}
 export CCACHE_BASEDIR=$scratch CCACHE_DIR=${CCACHE_DIR:-/work/.ccache}
 
@@ -62,7 +66,7 @@ mkdir -p "$scratch/src"
 tar -c --exclude=./build --exclude=./.git . | tar -x -C "$scratch/src"
 cmake -S "$scratch/src" -B "$scratch/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DQUINTLINE_WITH_GUI=OFF >/dev/null
-cmake --build "$scratch/build" -j2 >/dev/null
+cmake --build "$scratch/build" -j2 --target "${targets[@]}" >/dev/null
 (cd "$scratch/build" && eval "$test_command" >/dev/null) ||
   { echo "the tests fail without any fault planted"; exit 2; }
 
@@ -97,7 +101,7 @@ PY
   then
     echo "[$count] NOT APPLIED: $fault"
     survivors+=("$fault (not applied)")
-  elif ! cmake --build "$scratch/build" -j2 >/dev/null 2>&1; then
+  elif ! cmake --build "$scratch/build" -j2 --target "${targets[@]}" >/dev/null 2>&1; then
     echo "[$count] caught by the build: $fault"
   elif (cd "$scratch/build" && eval "$test_command" >/dev/null 2>&1); then
     echo "[$count] SURVIVED: $fault"

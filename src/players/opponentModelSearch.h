@@ -91,6 +91,7 @@ struct OpponentModel {
             for (int i = 0; i < list.count; ++i) {
                 const Score lower = std::max(childLowerBound(best, Ties::keepFirst, stop),
                                              childLowerBound(floor, Ties::takeLast, stop));
+                assert(lower < stop);
                 Score v = floor;
                 if (i != probe) {
                     const Point p = list.points[i];
@@ -178,7 +179,6 @@ struct OpponentModel {
     template <NodeKind kind>
     static nodeScores root(SearchState& s, std::int16_t step, std::int16_t depth) {
         Position& pos = s.position;
-        assert(censusOk(pos));
         s.stepNum = step;
         ++s.nodesSearched;
         if (isLeaf(pos, step, depth))
@@ -226,6 +226,7 @@ struct OpponentModel {
 // other seatings go to the literal procedure.
 template <class Own, class Model, PlayerKind modeller>
 nodeScores opponentModelSearch(SearchState& s, std::int16_t step, std::int16_t depth) {
+    assert(censusOk(s.position));
     const bool blackMoves = search::moverAt(step) == black;
     const PlayerKind mover = blackMoves ? s.blackSide : s.whiteSide;
     const PlayerKind waiting = blackMoves ? s.whiteSide : s.blackSide;

@@ -83,7 +83,7 @@ Score boundedNode(SearchState& s, std::int16_t step, std::int16_t depth, Score a
         Point childKiller{};
         auto tryChild = [&](Point p) {
             const Score lower = childLowerBound(std::max(alpha, best), Ties::keepFirst, stop);
-            assert(lower < beta);
+            assert(lower < beta && lower < stop);
             Score v = lower;  // the child reaching -lower makes this an upper bound
             if (kind != NodeKind::beforeFrontier ||
                 !killerCutsChild<Rules>(s, summary, p, side, step, -lower, childKiller)) {
@@ -154,6 +154,7 @@ Score plainRoot(SearchState& s, std::int16_t step, std::int16_t depth) {
         const Point p = list.points[i];
         last = i;
         const Score lower = childLowerBound(std::max(best, floor), Ties::takeLast, stop);
+        assert(lower < stop);
         Score v = floor;
         if constexpr (kind == NodeKind::frontier) {
             ++s.nodesSearched;

@@ -9,7 +9,6 @@
 // the value the child returns.
 
 #include <algorithm>
-#include <cassert>
 #include <cstdint>
 #include <cstdlib>
 #include <type_traits>
