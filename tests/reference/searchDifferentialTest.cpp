@@ -79,11 +79,12 @@ SearchState lopsided(std::uint32_t seed) {
 }
 
 // Lopsided boards with a leaf two plies down scoring exactly sureScore or
-// winScore, for either colour and either evaluator.
+// winScore, for either colour and either evaluator; then boards where a side
+// that is to lose to a five has fives of several values against it.
 Samples onThresholds() {
     Samples samples;
-    for (std::uint32_t seed :
-         {12, 62, 144, 175, 189, 363, 398, 436, 573, 744, 810, 970, 1120, 1216, 1503, 1802})
+    for (std::uint32_t seed : {12, 62, 144, 175, 189, 363, 398, 436, 573, 744, 810, 970, 1120, 1216,
+                               1503, 1802, 102, 190, 1544})
         samples.push_back(lopsided(seed));
     return samples;
 }
