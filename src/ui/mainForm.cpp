@@ -33,16 +33,6 @@ QString fromView(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QPushButton* makeButton(QWidget* parent, const char* name, const char* caption,
-                        const TwipScale& scale, double left, double top, double width,
-                        double height) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    place(button, scale, left, top, width, height);
-    return button;
-}
-
 }  // namespace
 
 MainForm::MainForm(SearchSet searches, QWidget* parent)
@@ -66,7 +56,8 @@ MainForm::MainForm(SearchSet searches, QWidget* parent)
 
 void MainForm::buildControls(QWidget* client) {
     const TwipScale& s = scale_;
-    command1_ = makeButton(client, "Command1", "suggestion", s, 120, 105, 1335, 315);
+    command1_ =
+        placeNamed(new QPushButton("suggestion", client), "Command1", s, 120, 105, 1335, 315);
 
     const char* listNames[] = {"List1", "List2", "List3"};
     const double listLefts[] = {8280, 9000, 9720};
@@ -96,11 +87,13 @@ void MainForm::buildControls(QWidget* client) {
     auto* frame1 = new QGroupBox(client);
     frame1->setObjectName("Frame1");
     place(frame1, s, 75, -30, 8040, 495);
-    auto* backwardEnd = makeButton(frame1, "backwardEnd", "|<", s, 1575, 120, 495, 345);
-    auto* cmdForwardEnd = makeButton(frame1, "cmdForwardEnd", ">|", s, 3045, 105, 495, 345);
-    cmdBack_ = makeButton(frame1, "cmdBack", "<", s, 2070, 105, 495, 345);
+    auto* backwardEnd =
+        placeNamed(new QPushButton("|<", frame1), "backwardEnd", s, 1575, 120, 495, 345);
+    auto* cmdForwardEnd =
+        placeNamed(new QPushButton(">|", frame1), "cmdForwardEnd", s, 3045, 105, 495, 345);
+    cmdBack_ = placeNamed(new QPushButton("<", frame1), "cmdBack", s, 2070, 105, 495, 345);
     cmdBack_->setEnabled(false);
-    cmdForw_ = makeButton(frame1, "cmdForw", ">", s, 2550, 105, 495, 345);
+    cmdForw_ = placeNamed(new QPushButton(">", frame1), "cmdForw", s, 2550, 105, 495, 345);
     cmdForw_->setEnabled(false);
     QPalette grey = cmdForw_->palette();
     grey.setColor(QPalette::Button, QColor(0xC0, 0xC0, 0xC0));

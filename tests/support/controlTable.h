@@ -1,43 +1,82 @@
 #pragma once
-// Checks a window's controls against a table of design rows: found by name,
-// showing their caption, placed where the design puts them.
-
-#include <gtest/gtest.h>
+// A window's controls as text, one line a control: name, class, caption,
+// geometry in twips, enabled, visible, the named object it sits in, then a
+// combo box's items and the marks of a checked or default button. Fonts play no part in it.
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <initializer_list>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <cmath>
+
+#include "ui/twips.h"
 
 namespace quintline::testing {
 
 // The text a control shows, whatever its kind.
-inline QString captionOf(const QWidget* w) {
-    if (auto* label = qobject_cast<const QLabel*>(w)) return label->text();
-    if (auto* button = qobject_cast<const QAbstractButton*>(w)) return button->text();
-    if (auto* combo = qobject_cast<const QComboBox*>(w)) return combo->currentText();
-    if (auto* group = qobject_cast<const QGroupBox*>(w)) return group->title();
-    if (auto* edit = qobject_cast<const QLineEdit*>(w)) return edit->text();
-    return w->windowTitle();
+inline QString captionOf(const QObject* o) {
+    if (auto* label = qobject_cast<const QLabel*>(o)) return label->text();
+    if (auto* button = qobject_cast<const QAbstractButton*>(o)) return button->text();
+    if (auto* combo = qobject_cast<const QComboBox*>(o)) return combo->currentText();
+    if (auto* group = qobject_cast<const QGroupBox*>(o)) return group->title();
+    if (auto* edit = qobject_cast<const QLineEdit*>(o)) return edit->text();
+    if (auto* menu = qobject_cast<const QMenu*>(o)) return menu->title();
+    if (auto* action = qobject_cast<const QAction*>(o)) return action->text();
+    return qobject_cast<const QWidget*>(o)->windowTitle();
 }
 
-struct ControlRow {
-    const char* name;
-    const char* caption;  // nullptr: none to check
-    QRect geometry;       // in its parent, in pixels
-};
+// The control of a window with the given name.
+template <class Control = QWidget>
+Control* in(const QWidget& window, const char* name) {
+    return window.findChild<Control*>(name);
+}
 
-inline void expectControls(const QWidget& window, std::initializer_list<ControlRow> rows) {
-    for (const ControlRow& row : rows) {
-        const auto* widget = window.findChild<const QWidget*>(row.name);
-        ASSERT_NE(widget, nullptr) << row.name;
-        if (row.caption != nullptr) {
-            EXPECT_EQ(captionOf(widget), row.caption) << row.name;
+inline QString quoted(QString text) {
+    return '"' + text.replace('\\', "\\\\").replace('\n', "\\n").replace('"', "\\\"") + '"';
+}
+
+// The window and its named controls and menu items, bottom of the stack first.
+// Only the window and the controls inside it are measured: a main window's
+// height and a menu's size follow the font.
+inline std::string controlTable(const QWidget& window, const TwipScale& scale) {
+    QString table;
+    for (const QObject* o :
+         QList<const QObject*>{&window} + window.findChildren<const QObject*>()) {
+        auto* widget = qobject_cast<const QWidget*>(o);
+        auto* action = qobject_cast<const QAction*>(o);
+        if (o->objectName().isEmpty() || o->objectName().startsWith("qt_") || !(widget || action))
+            continue;
+        table += o->objectName() + ' ' + o->metaObject()->className() + ' ' + quoted(captionOf(o));
+        const bool measured =
+            widget && !qobject_cast<const QMainWindow*>(o) && (o == &window || !widget->isWindow());
+        const QRect r = measured ? widget->geometry() : QRect();
+        for (const int px : {r.x(), r.y(), r.width(), r.height()}) {
+            if (measured) table += ' ' + QString::number(std::lround(scale.toTwips(px)));
         }
-        EXPECT_EQ(widget->geometry(), row.geometry) << row.name;
+        if (!measured) table += " -";
+        table += (widget ? widget->isEnabled() : action->isEnabled()) ? " enabled" : " disabled";
+        table +=
+            (widget ? widget->isVisibleTo(&window) : action->isVisible()) ? " visible" : " hidden";
+        const QObject* parent = o == &window ? nullptr : o->parent();
+        while (parent != nullptr && parent->objectName().isEmpty()) parent = parent->parent();
+        table += ' ' + (parent != nullptr ? parent->objectName() : "-");
+        if (auto* combo = qobject_cast<const QComboBox*>(o)) {
+            for (int i = 0; i < combo->count(); ++i) table += ' ' + quoted(combo->itemText(i));
+        }
+        if (auto* button = qobject_cast<const QAbstractButton*>(o); button && button->isChecked())
+            table += " checked";
+        if (auto* button = qobject_cast<const QPushButton*>(o)) {
+            table += QString(button->isDefault() ? " default" : "") +
+                     (button->autoDefault() ? " autoDefault" : "");
+        }
+        table += '\n';
     }
+    return table.toStdString();
 }
 
 }  // namespace quintline::testing

@@ -1,57 +1,58 @@
+// Each board figure as it lands in the retained image, against golden/figures.txt:
+// the pixels it changed (their bounds, then how many turned black, white or
+// another colour) on a fresh 8000-twip canvas at 96 dots per inch.
+
 #include "ui/imageCanvas.h"
 
-#include <gtest/gtest.h>
+#include <QString>
 
+#include "support/golden.h"
 #include "ui/figures.h"
 
 namespace quintline {
 namespace {
 
-constexpr Colour background = 0xD4D0C8;
-constexpr std::int16_t cell = 533;
-
-// How many pixels of the image, or of its column at twipsX, are `colour`.
-int count(const ImageCanvas& c, Colour colour, double twipsX = -1) {
-    const QImage& image = c.image();
-    int n = 0;
-    for (int x = 0; x < image.width(); ++x) {
-        if (twipsX >= 0 && x != int(c.scale().toPixels(twipsX))) continue;
-        for (int y = 0; y < image.height(); ++y) n += (image.pixel(x, y) & 0xFFFFFF) == colour;
+TEST(BoardFigures, DrawIntoTheImageAtItsScale) {
+    EXPECT_EQ(ImageCanvas(TwipScale(144), 8000, 6000, 0xD4D0C8).image().size(), QSize(800, 600));
+    using namespace figures;
+    const struct {
+        const char* name;
+        char figure;  // Ring and stone, Plain, Erased, Suggestion, Frames, grid
+        Point at;
+        Side colour, user;
+    } drawings[] = {
+        {"first stone", 'R', {8, 8}, black, white}, {"white, ringed", 'R', {1, 15}, white, black},
+        {"user's own", 'R', {3, 4}, black, black},  {"no side", 'R', {2, 2}, 0, white},
+        {"plain", 'P', {9, 8}, white, 0},           {"erased", 'E', {8, 8}, white, 0},
+        {"suggestion", 'S', {7, 9}, 0, 0},          {"frames, then a line", 'F', {15, 2}, 0, 0},
+        {"no frames, a line", 'F', {0, 0}, 0, 0},   {"grid, 4000 high", 'G', {}, 0, 0},
+    };
+    QString drawn;
+    for (const auto& d : drawings) {
+        ImageCanvas c(TwipScale(96), 8000, d.figure == 'G' ? 4000 : 8000, 0xD4D0C8);
+        const QImage blank = c.image();
+        const Point frames[] = {{1, 1}, d.at};
+        if (d.figure == 'R') stoneAndRing(c, 533, d.at, d.colour, d.user);
+        if (d.figure == 'P' || d.figure == 'E') plainStone(c, 533, d.at, d.colour);
+        if (d.figure == 'E') eraseStone(c, 533, d.at);
+        if (d.figure == 'S') suggestionMark(c, 533, d.at);
+        if (d.figure == 'F') candidateFrames(c, 533, std::span(frames, d.at.x ? 2 : 0));
+        if (d.figure == 'F') c.line(0, 6000, 8000, 6000);  // in the pen's width again
+        if (d.figure == 'G') clearAndGrid(c);
+        QRect changed;
+        int counts[3] = {};  // black, white, other
+        for (int y = 0; y < blank.height(); ++y) {
+            for (int x = 0; x < blank.width(); ++x) {
+                const QRgb p = c.image().pixel(x, y);
+                if (p != blank.pixel(x, y)) changed |= QRect(x, y, 1, 1);
+                if (p != blank.pixel(x, y)) ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
+            }
+        }
+        drawn += QString::asprintf("%s: %d %d %d %d black %d white %d other %d\n", d.name,
+                                   changed.left(), changed.top(), changed.right(), changed.bottom(),
+                                   counts[0], counts[1], counts[2]);
     }
-    return n;
-}
-
-QRgb pixel(const ImageCanvas& c, double twipsX, double twipsY) {
-    const TwipScale& s = c.scale();
-    return c.image().pixel(int(s.toPixels(twipsX)), int(s.toPixels(twipsY))) & 0xFFFFFF;
-}
-
-TEST(ImageCanvas, FiguresReachThePixelsAndEraseLeavesNoTrace) {
-    EXPECT_EQ(ImageCanvas(TwipScale(144), 8000, 6000, background).image().size(), QSize(800, 600));
-    ImageCanvas c(TwipScale(96), 8000, 8000, background);
-    EXPECT_EQ(c.image().size(), QSize(533, 533));
-    EXPECT_EQ(count(c, background), 533 * 533);
-
-    figures::stoneAndRing(c, cell, {8, 8}, black, white);
-    const double cx = 3997.5;
-    EXPECT_EQ(pixel(c, cx, cx), blackColour);           // inside the ring: the black fill
-    EXPECT_EQ(pixel(c, cx + 133.25, cx), whiteColour);  // on the ring
-    EXPECT_EQ(pixel(c, cx + 200, cx), blackColour);     // between ring and edge
-    EXPECT_EQ(pixel(c, cx + 330, cx), background);      // outside the stone
-    figures::eraseStone(c, cell, {8, 8});
-    EXPECT_EQ(count(c, background), 533 * 533);
-
-    figures::suggestionMark(c, cell, {6, 6});
-    EXPECT_EQ(pixel(c, 5.5 * cell, 5.5 * cell), background);            // filled with it
-    EXPECT_EQ(pixel(c, 5.5 * cell + 133.25, 5.5 * cell), blackColour);  // black outline
-
-    // A frame's pen is two pixels wide, the pen after it one pixel again.
-    c.cls();
-    const Point frames[] = {{5, 5}};
-    figures::candidateFrames(c, cell, frames);
-    c.line(0, 6000, 8000, 6000);
-    EXPECT_EQ(count(c, blackColour, 4.5 * cell), 2 + 2 + 1);
-    EXPECT_EQ(count(c, blackColour, 7000), 1);
+    testing::expectGolden("figures", drawn.toStdString());
 }
 
 }  // namespace

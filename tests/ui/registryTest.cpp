@@ -8,83 +8,67 @@
 namespace quintline {
 namespace {
 
-const std::string key = "SOFTWARE\\Quintline\\Test";
+constexpr RegKey hklm = hkeyLocalMachine;
 
 // The bytes of a 32-bit number as the registry stores it, low byte first.
 std::string dword(std::uint32_t v) {
     return {char(v & 0xFF), char((v >> 8) & 0xFF), char((v >> 16) & 0xFF), char(v >> 24)};
 }
 
-TEST(GetKeyValue, TrimsOneTerminatingZeroAndFormatsNumbersFromUnpaddedHexBytes) {
+TEST(GetKeyValue, ReadsStringsAndNumbersAsOfOldAndAlwaysClosesTheKey) {
     const struct {
+        RegKey root;
+        std::string key, name;
         std::uint32_t type;
         std::string stored, text;
+        bool read;
     } rows[] = {
-        {regString, std::string("C:\\tool\0", 8), "C:\\tool"},
-        {regString, "C:\\tool", "C:\\tool"},
-        {regString, std::string("ab\0\0", 4), std::string("ab\0", 3)},
-        {regString, "", ""},
-        {regNumber, dword(0x12345678), "305419896"},
-        {regNumber, dword(0xFFFFFFFF), "-1"},    // read as a signed number
-        {regNumber, dword(1), "1"},              // the high zero byte goes as a terminator
-        {regNumber, dword(0x01020304), "4660"},  // one digit a byte: &h1234
-        {regNumber, dword(0x0100), "16"},        // 00 01 00 reads as &h010
-        {3, "\x01\x02", "old"},                  // other types leave the value alone
+        {hklm, "K", "v", regString, std::string("C:\\tool\0", 8), "C:\\tool", true},
+        {hklm, "K", "v", regString, "C:\\tool", "C:\\tool", true},
+        {hklm, "K", "v", regString, std::string("ab\0\0", 4), std::string("ab\0", 3), true},
+        {hklm, "K", "v", regString, "", "", true},
+        {hklm, "K", "v", regNumber, dword(0x12345678), "305419896", true},
+        {hklm, "K", "v", regNumber, dword(0xFFFFFFFF), "-1", true},    // read as a signed number
+        {hklm, "K", "v", regNumber, dword(1), "1", true},              // the high zero byte goes
+        {hklm, "K", "v", regNumber, dword(0x01020304), "4660", true},  // one digit a byte: &h1234
+        {hklm, "K", "v", regNumber, dword(0x0100), "16", true},        // 00 01 00 reads as &h010
+        {hklm, "K", "v", 3, "\x01\x02", "old", true},  // other types leave the value alone
+        {hklm, "Missing", "v", regString, "x", "", false},
+        {hklm, "K", "missing", regString, "x", "", false},
+        {0x80000001, "K", "v", regString, "x", "", false},
+        {hklm, "K", "v", regString, std::string(1025, 'x'), "",
+         false},  // over the 1024-byte buffer
     };
     for (const auto& row : rows) {
         MemoryRegistry store;
-        store.setValue(hkeyLocalMachine, key, "v", row.type, row.stored);
+        store.setValue(hklm, "K", "v", row.type, row.stored);
         std::string value = row.type == regNumber ? "" : "old";
-        EXPECT_TRUE(GetKeyValue(store, hkeyLocalMachine, key, "v", value)) << row.text;
+        EXPECT_EQ(GetKeyValue(store, row.root, row.key, row.name, value), row.read) << row.text;
         EXPECT_EQ(value, row.text);
+        const RegKey opened = row.root == hklm && row.key == "K";  // a failed open closes handle 0
+        EXPECT_EQ(store.closedHandles(), std::vector<RegKey>{opened});
         EXPECT_EQ(store.openCount(), 0u);
     }
 }
 
-TEST(GetKeyValue, FailureEmptiesTheValueAndStillClosesTheKey) {
-    MemoryRegistry store;
-    store.setValue(hkeyLocalMachine, key, "big", regString, std::string(1025, 'x'));
-    const struct {
-        RegKey root;
-        std::string key, name;
-    } rows[] = {{hkeyLocalMachine, "SOFTWARE\\Missing", "big"},
-                {hkeyLocalMachine, key, "missing"},
-                {0x80000001, key, "big"},
-                {hkeyLocalMachine, key, "big"}};  // longer than the 1024-byte buffer
-    for (const auto& row : rows) {
-        std::string value = "old";
-        EXPECT_FALSE(GetKeyValue(store, row.root, row.key, row.name, value)) << row.name;
-        EXPECT_EQ(value, "");
-    }
-    EXPECT_EQ(store.closedHandles().size(), 4u);
-    EXPECT_EQ(store.closedHandles().front(), 0u);  // the handle of the failed open
-    EXPECT_EQ(store.openCount(), 0u);
-}
-
 TEST(StartSysInfo, StartsTheToolFoundInTheRegistryOrSaysItIsUnavailable) {
-    const std::string unavailable = "System Information Is Unavailable At This Time";
+    const std::string tools = "SOFTWARE\\Microsoft\\Shared Tools", path = tools + "\\MSINFO";
+    const std::string dir = tools + " Location";
+    const std::string none(sysInfoUnavailable);
     const struct {
-        const char* key;
-        const char* name;
-        std::string value;
+        std::string key, name, value;
         bool startWorks;
-        std::string started, message;
+        std::string started, message;  // the tool exists only where it is started
     } rows[] = {
-        {"", "", "", true, "", unavailable},
-        {"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH", std::string("C:\\m.exe\0", 9), true,
-         "C:\\m.exe", ""},
-        {"SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO", "C:\\tools", true,
-         "C:\\tools\\MSINFO32.EXE", ""},
-        // The same directory without the tool in it.
-        {"SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO", "C:\\tools", true, "",
-         unavailable},
-        {"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH", "C:\\gone.exe", false, "C:\\gone.exe",
-         unavailable},
+        {"", "", "", true, "", none},
+        {path, "PATH", std::string("C:\\m.exe\0", 9), true, "C:\\m.exe", ""},
+        {dir, "MSINFO", "C:\\tools", true, "C:\\tools\\MSINFO32.EXE", ""},
+        {dir, "MSINFO", "C:\\tools", true, "", none},  // the directory without the tool
+        {path, "PATH", "C:\\gone.exe", false, "C:\\gone.exe", none},
     };
-    // The tool exists only where the row expects it to be started.
     for (const auto& row : rows) {
         MemoryRegistry store;
-        if (*row.key) store.setValue(hkeyLocalMachine, row.key, row.name, regString, row.value);
+        if (!row.key.empty()) store.setValue(hklm, row.key, row.name, regString, row.value);
         std::string started, message;
         SysInfoPlatform platform{store, [&](const std::string& p) { return p == row.started; },
                                  [&](const std::string& p) { return started += p, row.startWorks; },
