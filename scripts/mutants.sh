@@ -25,9 +25,9 @@ export CCACHE_BASEDIR=$scratch CCACHE_DIR=${CCACHE_DIR:-/work/.ccache}
 
 faults=$(cat <<'EOF'
 src/players/searchNode.h @@ if (childBeta > (child.four[sideRow(mover)] == 0 ? sureScore : winScore)) return false; @@
-src/players/searchNode.h @@ if (v < childBeta) return false; @@ if (v <= childBeta) return false;
+src/players/searchNode.h @@ if (v < childBeta) return false; @@ if (v < childBeta - 1) return false;
 src/players/searchNode.h @@ return pos.census(side, 4) == 0 ? sureScore : winScore; @@ return pos.census(side, 4) <= 1 ? sureScore : winScore;
-src/players/searchNode.h @@ const Score beaten = ties == Ties::takeLast ? seen - 1 : seen; @@ const Score beaten = seen;
+src/players/searchNode.h @@ const Score beaten = ties == Ties::takeLast ? seen - 1 : seen; @@ const Score beaten = ties == Ties::keepFirst ? seen - 1 : seen;
 src/players/searchNode.h @@ return std::min(beaten, stop - 1); @@ return std::min(beaten, stop);
 src/players/lastLine.h @@ .own >= stop; @@ .own > stop;
 src/players/lastLine.h @@ return -windowValue<Rules>(s, childStep, childDepth, -stop, -(stop - 1)) >= stop; @@ return -windowValue<Rules>(s, childStep, childDepth, -stop, -(stop - 1)) > stop;
@@ -38,13 +38,13 @@ src/players/plainSearch.h#2 @@ return v < stop; @@ return v <= stop;
 src/players/plainSearch.h @@ if (beta <= stop) { @@ if (beta <= stop + 1) {
 src/players/plainSearch.h @@ if (exact && v >= best) { @@ if (exact && v > best) {
 src/players/plainSearch.h @@ if (v >= stop) break; @@ if (v > stop) break;
-src/players/opponentModelSearch.h @@ if (v >= stop) break; @@ if (v > stop) break;
+src/players/opponentModelSearch.h#1 @@ if (v >= stop) break; @@ if (v > stop) break;
 src/players/opponentModelSearch.h#2 @@ if (v >= stop) break; @@ if (v > stop) break;
 src/players/opponentModelSearch.h#3 @@ if (v >= stop) break; @@ if (v > stop) break;
 src/players/opponentModelSearch.h @@ ownDone = bestOwn >= stop; @@ ownDone = bestOwn > stop;
 src/players/opponentModelSearch.h @@ modelDone = bestModel >= stop; @@ modelDone = bestModel > stop;
 src/players/opponentModelSearch.h @@ if (!ownDone && child.own > bestOwn) { @@ if (!ownDone && child.own >= bestOwn) {
-src/players/opponentModelSearch.h @@ if (v > lower && v > best) { @@ if (v > lower && v >= best) {
+src/players/opponentModelSearch.h @@ childLowerBound(floor, Ties::takeLast, stop)); @@ childLowerBound(floor, Ties::keepFirst, stop));
 src/players/opponentModelLiteral.h @@ return moversScore >= winScore || (moversScore >= sureScore @@ return moversScore > winScore || (moversScore >= sureScore
 src/players/opponentModelLiteral.h @@ (moversScore >= sureScore && pos.census(side, 4) == 0) @@ (moversScore > sureScore && pos.census(side, 4) == 0)
 src/players/evaluation.h @@ result = base + fiveBonus + sureScore + extraFour * b4; @@ result = base + fiveBonus + sureScore;

@@ -80,12 +80,15 @@ SearchState lopsided(std::uint32_t seed) {
 
 // Lopsided boards with a leaf two plies down scoring exactly sureScore or
 // winScore, for either colour and either evaluator; then boards where a side
-// that is to lose to a five has fives of several values against it.
+// that is to lose to a five has fives of several values against it, one of
+// them exactly winScore; last, boards where the root's mover has a child
+// scoring exactly its stop threshold.
 Samples onThresholds() {
+    const std::uint32_t seeds[] = {12,   62,   144,    175,     189,     363,     398,    436, 573,
+                                   744,  810,  970,    1120,    1216,    1503,    1802,   102, 190,
+                                   1544, 9625, 278101, 3010215, 3127819, 3207719, 3309925};
     Samples samples;
-    for (std::uint32_t seed : {12, 62, 144, 175, 189, 363, 398, 436, 573, 744, 810, 970, 1120, 1216,
-                               1503, 1802, 102, 190, 1544})
-        samples.push_back(lopsided(seed));
+    for (std::uint32_t seed : seeds) samples.push_back(lopsided(seed));
     return samples;
 }
 
