@@ -54,7 +54,7 @@ src/position/basicOpr.cpp @@ --rows.otherCensus[rows.other[id]]; @@
 src/position/basicOpr.cpp @@ if (rows.own[id] - 1 > 0) ++rows.ownCensus[rows.own[id] - 1]; @@ ++rows.ownCensus[rows.own[id] - 1];
 src/position/basicOpr.cpp @@ } else if (rows.own[id] == 1) { @@ } else if (rows.own[id] == 0) {
 src/harness/credit.cpp @@ result == blackWon ? pairing.black : pairing.white; @@ result == whiteWon ? pairing.black : pairing.white;
-src/harness/credit.cpp @@ if (results[n].letter == 'A') ++counts[n]; @@ if (results[n].letter != 'B') ++counts[n];
+src/harness/credit.cpp @@ if (results[n].letter == 'A') ++counts[n]; @@ if (results[n].letter == 'B') ++counts[n];
 src/boardfile/numberForm.cpp @@ std::string out(1, value < 0 ? '-' : ' '); @@ std::string out(1, value <= 0 ? '-' : ' ');
 src/boardfile/numberForm.cpp @@ while (!fracPart.empty() && fracPart.back() == '0') fracPart.pop_back(); @@
 EOF
@@ -63,7 +63,8 @@ EOF
 echo "scratch copy in $scratch"
 rm -rf "$scratch/src"
 mkdir -p "$scratch/src"
-tar -c --exclude=./build --exclude=./.git . | tar -x -C "$scratch/src"
+# -m: every file newer than the objects of an earlier run, so all of it is rebuilt
+tar -c --exclude=./build --exclude=./.git . | tar -x -m -C "$scratch/src"
 cmake -S "$scratch/src" -B "$scratch/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DQUINTLINE_WITH_GUI=OFF >/dev/null
 cmake --build "$scratch/build" -j2 --target "${targets[@]}" >/dev/null
@@ -109,7 +110,8 @@ PY
   else
     echo "[$count] caught: $fault"
   fi
-  mv "$target.orig" "$target"
+  # Rewritten, not moved back: a new time stamp makes the next build recompile it.
+  cat "$target.orig" >"$target" && rm "$target.orig"
 done <<<"$faults"
 
 echo
