@@ -5,14 +5,14 @@ set -euo pipefail
 
 packages=(
   g++ cmake make ninja-build pkg-config
-  qt6-base-dev qt6-base-dev-tools libgl-dev
+  qt6-base-dev qt6-base-dev-tools libgl-dev libxcb1-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth x11-apps imagemagick
   clang-format clang clang-tidy libclang-rt-14-dev ccache
   libcli11-dev nlohmann-json3-dev libboost-math-dev
   libopenmpi-dev openmpi-bin
   tesseract-ocr tesseract-ocr-eng openbox x11-utils
-  desktop-file-utils appstream dpkg-dev fakeroot file
+  desktop-file-utils appstream dpkg-dev fakeroot file fonts-dejavu-extra librsvg2-bin man-db
 )
 
 missing=()

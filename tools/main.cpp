@@ -15,33 +15,39 @@
 
 namespace {
 
-// The one thing the Ctrl-C handler may touch. Lock-free, so setting it from
-// the handler is safe.
+// The only things the stop handler may touch. Lock-free, so setting them
+// from the handler is safe.
 std::atomic<bool> stopRequested{false};
-static_assert(std::atomic<bool>::is_always_lock_free);
+std::atomic<int> stopSignal{0};
+static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free);
 
-extern "C" void onInterrupt(int) {
+extern "C" void onStop(int signal) {
+    stopSignal.store(signal);
     stopRequested.store(true);
 }
 
-// One-shot: after the first Ctrl-C the default action is back, so a second
-// one ends the program at once.
-void catchInterrupt() {
+// Ctrl-C, a `timeout` or a cancelled job (SIGTERM) and a closed terminal
+// (SIGHUP) all stop a run the same way. One-shot: after the first the default
+// action is back, so a second one of the same kind ends the program at once.
+void catchStopSignals() {
     struct sigaction action {};
-    action.sa_handler = onInterrupt;
+    action.sa_handler = onStop;
     sigemptyset(&action.sa_mask);
     action.sa_flags = SA_RESETHAND | SA_RESTART;
-    sigaction(SIGINT, &action, nullptr);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    catchInterrupt();
+    catchStopSignals();
     const std::vector<std::string_view> args(argv + 1, argv + argc);
     const unsigned cores = std::max(std::thread::hardware_concurrency(), 1u);
     quintline::SystemClock clock;
     quintline::batch::Environment environment{clock, stopRequested, {}};
     const quintline::batch::Console console{std::cout, std::cerr, isatty(STDERR_FILENO) == 1};
-    return quintline::batch::runCommandLine(args, cores, environment, console);
+    const int status = quintline::batch::runCommandLine(args, cores, environment, console);
+    // As a shell reports a program ended by that signal.
+    const int signal = stopSignal.load();
+    return status == quintline::batch::exitStopped && signal != 0 ? 128 + signal : status;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "boardfile/fieldReader.h"
 #include "boardfile/numberForm.h"
@@ -20,7 +21,8 @@ void putLine(std::string& out, std::string_view text) {
 // Collects the first fault met while reading; later reads are skipped.
 class CheckedReader {
   public:
-    CheckedReader(std::istream& in, BoardFileRead& result) : fields_(in), result_(result) {}
+    CheckedReader(std::istream& in, BoardFileRead& result)
+        : fields_(in, maxBoardFileBytes), result_(result) {}
 
     bool failed() const { return result_.fault != BoardFileFault::none; }
 
@@ -34,11 +36,14 @@ class CheckedReader {
                 fail("the file ends early");
                 break;
             case FieldFault::notANumber:
-                fail('"' + field.text + "\" is not a whole number");
+                fail(fieldExcerpt(field.text) + " is not a whole number");
                 break;
             case FieldFault::outOfRange:
-                fail(field.text + " does not fit 16 bits");
+                fail((field.text.size() > 40 ? fieldExcerpt(field.text) : field.text) +
+                     " does not fit 16 bits");
                 break;
+            default:
+                failOn(field.fault, field.text);
         }
         return 0;
     }
@@ -46,8 +51,20 @@ class CheckedReader {
     std::string text() {
         if (failed()) return {};
         TextField field = fields_.readText();
-        if (field.fault == FieldFault::endOfFile) fail("the file ends early");
+        if (field.fault != FieldFault::none) failOn(field.fault, field.value);
         return field.value;
+    }
+
+    void failOn(FieldFault fault, std::string_view field) {
+        if (fault == FieldFault::tooLong)
+            fail("a field longer than " + std::to_string(maxFieldLength) +
+                 " bytes: " + fieldExcerpt(field));
+        else if (fault == FieldFault::overLimit)
+            result_.fault = BoardFileFault::tooLarge;
+        else if (fault == FieldFault::unclosedQuote)
+            fail("the quote opened here is not closed");
+        else
+            fail("the file ends early");
     }
 
     void fail(std::string detail) {
@@ -154,7 +171,16 @@ BoardFileRead loadBoardFile(const std::string& path) {
         result.fault = BoardFileFault::cannotOpen;
         return result;
     }
-    return parseBoardFile(in);
+    std::string bytes(maxBoardFileBytes + 1, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    if (bytes.size() > maxBoardFileBytes) {
+        BoardFileRead result;
+        result.fault = BoardFileFault::tooLarge;
+        return result;
+    }
+    std::istringstream text(std::move(bytes));
+    return parseBoardFile(text);
 }
 
 std::string refusalMessage(const std::string& path, const BoardFileRead& read) {
@@ -165,6 +191,9 @@ std::string refusalMessage(const std::string& path, const BoardFileRead& read) {
             return "the gird size or the piece number is not suitable! Not loaded";
         case BoardFileFault::cannotOpen:
             return path + ": board file cannot be opened! Not loaded";
+        case BoardFileFault::tooLarge:
+            return path + ": board file is larger than " +
+                   std::to_string(maxBoardFileBytes / 1024) + " KiB! Not loaded";
         case BoardFileFault::broken:
             return path + ": board file broken at line " + std::to_string(read.line) + ": " +
                    read.detail + "! Not loaded";

@@ -13,6 +13,8 @@ namespace quintline {
 
 inline constexpr std::int16_t fileGridSize = 15;
 inline constexpr std::int16_t filePieceNumber = 5;
+// No board file is larger: 225 moves take under 4 KiB.
+inline constexpr std::size_t maxBoardFileBytes = 64 * 1024;
 
 // The content of a board file that passed every check.
 struct BoardFile {
@@ -24,6 +26,7 @@ enum class BoardFileFault {
     none,
     cannotOpen,
     unsuitable,  // grid size other than 15 or piece number other than 5
+    tooLarge,    // more than maxBoardFileBytes
     broken,      // anything else: early end, bad number, bad move, bad "UserTurn"
 };
 
@@ -40,6 +43,7 @@ std::string formatBoardFile(const GameState& state);
 // Reads and checks a whole file: the head, at most 225 moves with colours 1 or
 // -1 on distinct points of the board, and the "UserTurn" value (-1, 0 or 1).
 BoardFileRead parseBoardFile(std::istream& in);
+// Reads at most maxBoardFileBytes and one byte more, so an endless file is refused at once.
 BoardFileRead loadBoardFile(const std::string& path);
 
 // The text of the message box that refuses a file.

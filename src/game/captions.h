@@ -15,6 +15,13 @@ inline constexpr std::string_view bRunning = "Computer B is running";
 inline constexpr std::string_view aKnowsBRunning = "Computer A(knows B) is running";
 inline constexpr std::string_view bKnowsARunning = "Computer B(knows A) is running";
 
+// whoRun when the settings give both colours to users.
+inline constexpr std::string_view usersRunning = "Users are running";
+
+// A side's caption when the settings make its computer model the other.
+inline constexpr std::string_view aKnowsBSide = "A Knows B";
+inline constexpr std::string_view bKnowsASide = "B Knows A";
+
 // whoRun at the end of a game against a user.
 inline constexpr std::string_view noOneWins = "Game Over! No one Win.";
 inline constexpr std::string_view computerWins = "Game Over! Computer Win.";

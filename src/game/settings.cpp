@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "game/captions.h"
 #include "position/basicOpr.h"
 
 namespace quintline {
@@ -115,7 +116,7 @@ bool acceptSettings(Game& game, const SettingsValues& values,
     if (blackUser && whiteUser) {
         s.twoUsers = flagTrue;
         s.clickAllowed = flagTrue;
-        toolkit.setCaption(Control::whoRun, "Users are running");
+        toolkit.setCaption(Control::whoRun, captions::usersRunning);
     } else if (!blackUser && !whiteUser) {
         s.twoUsers = flagFalse;
         s.clickAllowed = flagFalse;
@@ -124,18 +125,18 @@ bool acceptSettings(Game& game, const SettingsValues& values,
         if (values.situation == Situation::aKnowsB) {
             if (s.blackSide == computerA) {
                 s.blackSide = aKnowsB;
-                toolkit.setCaption(Control::blackSideLabel, "A Knows B");
+                toolkit.setCaption(Control::blackSideLabel, captions::aKnowsBSide);
             } else {
                 s.whiteSide = aKnowsB;
-                toolkit.setCaption(Control::whiteSideLabel, "A Knows B");
+                toolkit.setCaption(Control::whiteSideLabel, captions::aKnowsBSide);
             }
         } else if (values.situation == Situation::bKnowsA) {
             if (s.blackSide == computerB) {
                 s.blackSide = bKnowsA;
-                toolkit.setCaption(Control::blackSideLabel, "B Knows A");
+                toolkit.setCaption(Control::blackSideLabel, captions::bKnowsASide);
             } else {
                 s.whiteSide = bKnowsA;
-                toolkit.setCaption(Control::whiteSideLabel, "B Knows A");
+                toolkit.setCaption(Control::whiteSideLabel, captions::bKnowsASide);
             }
         }
         close();

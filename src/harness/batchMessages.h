@@ -14,6 +14,10 @@ inline std::string reportStopped(const std::filesystem::path& report) {
     return report.string() + " can not be written! Run stopped";
 }
 
+inline std::string reportBusy(const std::filesystem::path& report) {
+    return report.string() + " is in use by another run! Not started";
+}
+
 inline std::string listNotStarted(const std::string& fault) {
     return fault + "! Not started";
 }

@@ -12,4 +12,9 @@ void countCredits(CreditCounts& counts, const CycleResults& results) {
         if (results[n].letter == 'A') ++counts[n];
 }
 
+int aHalfPoints(const Pairing& pairing, GameCode result) {
+    if (result != blackWon && result != whiteWon) return 1;
+    return isAFamily(result == blackWon ? pairing.black : pairing.white) ? 2 : 0;
+}
+
 }  // namespace quintline

@@ -1,8 +1,10 @@
 #pragma once
-// Which family a finished game is credited to, and the run's tally of A credits.
+// Which family a finished game is credited to, the run's tally of A credits,
+// and the game's real outcome, which statistics use instead of the credit.
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "harness/schedule.h"
 #include "position/types.h"
@@ -26,5 +28,16 @@ ResultGroup creditGame(const Pairing& pairing, GameCode result, std::int16_t sto
 
 // Adds the A letters of one cycle or entry to the tally, column by column.
 void countCredits(CreditCounts& counts, const CycleResults& results);
+
+// A finished game: its report group, what really happened, and the stones
+// that stood before the first computer move, in the order laid.
+struct PlayedGame {
+    ResultGroup group;
+    GameCode result = gameDrawn;  // blackWon, whiteWon or gameDrawn
+    std::vector<Point> opening;
+};
+
+// The A family's score of a game in half points: 2 a win, 1 a draw, 0 a loss.
+int aHalfPoints(const Pairing& pairing, GameCode result);
 
 }  // namespace quintline

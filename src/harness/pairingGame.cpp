@@ -11,14 +11,20 @@ void setDepths(GameState& state, const Pairing& pairing) {
 }
 
 // Sides, captions, the game itself and its credit: the same for every start.
-ResultGroup playFromPosition(Game& game, const Pairing& pairing) {
+PlayedGame playFromPosition(Game& game, const Pairing& pairing) {
     GameState& state = game.state();
     state.blackSide = pairing.black;
     state.whiteSide = pairing.white;
     game.toolkit().setCaption(Control::blackSideLabel, pairing.blackCaption);
     game.toolkit().setCaption(Control::whiteSideLabel, pairing.whiteCaption);
+    PlayedGame played;
+    played.opening.reserve(static_cast<std::size_t>(state.stepNum));
+    for (std::int16_t n = 1; n <= state.stepNum; ++n)
+        played.opening.push_back({state.moveRecord[n].x, state.moveRecord[n].y});
     game.computerGame();
-    return creditGame(pairing, state.gameResult, state.stepNum);
+    played.group = creditGame(pairing, state.gameResult, state.stepNum);
+    played.result = state.gameResult;
+    return played;
 }
 
 // The side userColour must hold for opening stone k: white on even k.
@@ -30,7 +36,7 @@ template <typename Start>
 CycleResults playAll(Game& game, const Start& start) {
     CycleResults results;
     for (std::size_t n = 0; n < schedule.size(); ++n)
-        results[n] = playPairing(game, schedule[n], start);
+        results[n] = playPairing(game, schedule[n], start).group;
     return results;
 }
 
@@ -47,13 +53,13 @@ void setUpOpening(Game& game, const Opening& opening) {
     }
 }
 
-ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening) {
+PlayedGame playPairing(Game& game, const Pairing& pairing, const Opening& opening) {
     setDepths(game.state(), pairing);
     setUpOpening(game, opening);
     return playFromPosition(game, pairing);
 }
 
-ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& file) {
+PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file) {
     // The depths come first: a file whose user colour is 0 makes stepForward
     // past its end a computer move.
     setDepths(game.state(), pairing);

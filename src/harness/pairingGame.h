@@ -15,11 +15,11 @@ void setUpOpening(Game& game, const Opening& opening);
 
 // Sets the depths, lays the opening, sets the sides and their captions, plays
 // the game through computerGame and credits it.
-ResultGroup playPairing(Game& game, const Pairing& pairing, const Opening& opening);
+PlayedGame playPairing(Game& game, const Pairing& pairing, const Opening& opening);
 
 // The same from a board file: read into the record and replayed to its end
 // (stepForward runs at least once), whatever the replay's result.
-ResultGroup playPairing(Game& game, const Pairing& pairing, const BoardFile& file);
+PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file);
 
 CycleResults playCycle(Game& game, const Opening& opening);
 CycleResults playEntry(Game& game, const BoardFile& file);

@@ -1,14 +1,20 @@
 #include "harness/reportLines.h"
 
-#include <fstream>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "boardfile/numberForm.h"
+#include "harness/wholeAppend.h"
 
 namespace quintline {
 namespace {
 
-std::string line(std::string_view head, std::string_view rest) {
-    std::string out(head);
+// Every line begins with a path, which a list entry or the file dialog gave:
+// a line end or NUL in it would break the report's lines, so they show as '?'.
+std::string line(std::string_view path, std::string_view rest) {
+    std::string out(path);
+    for (char& c : out)
+        if (c == '\r' || c == '\n' || c == '\0') c = '?';
     out += rest;
     out += lineEnd;
     return out;
@@ -52,11 +58,10 @@ std::string usedLine(std::string_view boardFilePath, float seconds) {
 }
 
 bool appendToFile(const std::filesystem::path& file, std::string_view bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::app);
-    if (!out.is_open()) return false;
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return !out.fail();
+    const int fd = ::open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    if (fd < 0) return false;
+    const bool written = appendWhole(fd, bytes);
+    return ::close(fd) == 0 && written;
 }
 
 }  // namespace quintline

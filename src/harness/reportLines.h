@@ -22,7 +22,8 @@ std::string summaryLine(const CreditCounts& counts);
 std::string endLine(std::string_view boardFilePath, std::string_view timeOfDay);
 std::string usedLine(std::string_view boardFilePath, float seconds);
 
-// Appends the bytes and closes the file; false when it can't be opened or written.
+// Appends the bytes whole (or not at all, see appendWhole) and closes the
+// file; false when it can't be opened or written.
 bool appendToFile(const std::filesystem::path& file, std::string_view bytes);
 
 }  // namespace quintline

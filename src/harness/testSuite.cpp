@@ -5,6 +5,7 @@
 #include "harness/pairingGame.h"
 #include "harness/report.h"
 #include "harness/reportLines.h"
+#include "harness/reportLock.h"
 #include "harness/testSuiteList.h"
 
 namespace quintline {
@@ -25,6 +26,13 @@ void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFil
         toolkit.messageBox(listNotStarted(fault), MessageButtons::ok);
         return;
     }
+    ReportLock lock;
+    if (const auto taken = lock.tryTake(reportFile); taken != ReportLock::Outcome::taken) {
+        toolkit.messageBox(taken == ReportLock::Outcome::busy ? reportBusy(reportFile)
+                                                              : reportNotStarted(reportFile),
+                           MessageButtons::ok);
+        return;
+    }
     Report report(reportFile, clock);
     if (!report.open(state.boardFilePath)) {
         toolkit.messageBox(reportNotStarted(reportFile), MessageButtons::ok);
@@ -34,8 +42,13 @@ void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFil
     state.twoUsers = flagFalse;
     state.clickAllowed = flagFalse;
 
-    while (std::optional<std::string> entry = list.nextEntry()) {
-        state.boardFilePath = std::move(*entry);
+    while (std::optional<ListEntry> entry = list.nextEntry()) {
+        if (!entry->refusal.empty()) {
+            toolkit.messageBox(listFile.string() + ": an entry skipped: " + entry->refusal,
+                               MessageButtons::ok);
+            continue;
+        }
+        state.boardFilePath = std::move(entry->path);
         toolkit.setCaption(Control::mainForm, state.windowTitle + "      " + state.boardFilePath);
         // Read once and checked once: a refused file is reported once and skipped.
         const BoardFileRead read = loadBoardFile(state.boardFilePath);
@@ -52,6 +65,8 @@ void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFil
     }
     if (!report.close(state.boardFilePath, credits))
         toolkit.messageBox(reportStopped(reportFile), MessageButtons::ok);
+    else if (!list.shortfall().empty())
+        toolkit.messageBox(list.shortfall(), MessageButtons::ok);
 }
 
 }  // namespace quintline

@@ -5,6 +5,7 @@
 #include "harness/pairingGame.h"
 #include "harness/report.h"
 #include "harness/reportLines.h"
+#include "harness/reportLock.h"
 
 namespace quintline {
 
@@ -17,6 +18,13 @@ void runTournament(Game& game) {
 void runTournament(Game& game, UniformSource& uniform, Clock& clock,
                    const std::filesystem::path& reportFile) {
     GameState& state = game.state();
+    ReportLock lock;
+    if (const auto taken = lock.tryTake(reportFile); taken != ReportLock::Outcome::taken) {
+        game.toolkit().messageBox(taken == ReportLock::Outcome::busy ? reportBusy(reportFile)
+                                                                     : reportNotStarted(reportFile),
+                                  MessageButtons::ok);
+        return;
+    }
     Report report(reportFile, clock);
     if (!report.open(state.boardFilePath)) {
         game.toolkit().messageBox(reportNotStarted(reportFile), MessageButtons::ok);

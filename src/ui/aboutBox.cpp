@@ -66,6 +66,7 @@ AboutBox::AboutBox(const TwipScale& scale, SysInfoPlatform sysInfo, QWidget* par
     : QDialog(parent), sysInfo_(std::move(sysInfo)) {
     setObjectName("frmAbout");
     setWindowTitle("About MyApp");
+    setFont(scale.font());
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(scale.pixels(5730), scale.pixels(3555));

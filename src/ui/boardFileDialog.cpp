@@ -63,6 +63,7 @@ BoardFileDialog::BoardFileDialog(BoardFileDialogKind kind, const TwipScale& scal
     const Design& d = designOf(kind);
     setObjectName(d.name);
     setWindowTitle(d.title);
+    setFont(scale.font());
     resize(scale.pixels(d.clientWidth), scale.pixels(d.clientHeight));
 
     auto* ok = new QPushButton("OK", this);

@@ -39,6 +39,7 @@ MainForm::MainForm(SearchSet searches, QWidget* parent)
     : QMainWindow(parent), scale_(TwipScale::ofScreen()), game_(*this, searches) {
     setObjectName("mainForm");
     setWindowTitle(fromView(design::mainCaption));
+    setFont(scale_.font());
     auto* client = new QWidget(this);
     client->setObjectName("client");
     client->setMinimumSize(scale_.pixels(10950), scale_.pixels(8865));
@@ -162,6 +163,7 @@ void MainForm::buildMenu() {
 
     QMenu* testsuit = bar->addMenu("&Testsuit");
     testsuit->setObjectName("testsuit");
+    testsuit->setFont(font());  // a menu is a window of its own and keeps no font of ours
     const auto tournamentItem = [&](QMenu* menu, const char* name, const char* caption,
                                     std::int16_t cycles) {
         QAction* action = menu->addAction(caption);
@@ -174,6 +176,7 @@ void MainForm::buildMenu() {
     tournamentItem(testsuit, "randomtest", "random 1000", 1000);
     QMenu* random = testsuit->addMenu("random");
     random->setObjectName("random");
+    random->setFont(font());
     tournamentItem(random, "one", "1", 1);
     tournamentItem(random, "ten", "10", 10);
     tournamentItem(random, "hundred", "100", 100);

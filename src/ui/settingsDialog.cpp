@@ -40,6 +40,7 @@ QString fromStd(const std::string& text) {
 SettingsDialog::SettingsDialog(const TwipScale& scale, QWidget* parent) : QDialog(parent) {
     setObjectName("settingsDialog");
     setWindowTitle("Dialog Caption");
+    setFont(scale.font());
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(scale.pixels(6165), scale.pixels(5085));

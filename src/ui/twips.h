@@ -2,6 +2,7 @@
 // The one conversion between the design's twips and screen pixels: 1440 twips
 // to the logical inch, so 15 twips to a pixel at 96 dots per inch.
 
+#include <QFont>
 #include <QRect>
 
 class QWidget;
@@ -18,6 +19,10 @@ class TwipScale {
     double toTwips(double pixels) const { return pixels / pixelsPerTwip_; }
     int pixels(double twips) const;  // rounded to the nearest pixel
     QRect rect(double left, double top, double width, double height) const;
+    // The font of every window: a condensed sans-serif of 7.5 points, as
+    // many pixels high as this scale makes of them, so that captions keep their
+    // place in the controls at any DPI.
+    QFont font() const;
 
   private:
     double pixelsPerTwip_;

@@ -2,7 +2,10 @@
 // are written in.
 
 #include "boardfile/boardFile.h"
+#include "boardfile/boardFileFormat.h"
 #include "boardfile/numberForm.h"
+
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -61,56 +64,6 @@ class BoardFileTest : public ::testing::Test {
     Game game;
 };
 
-TEST_F(BoardFileTest, SavedReadAndReplayedGamesSaveTheSameBytes) {
-    GameState& s = game.state();
-    // The empty board; two builders from the centre stone, white having five down
-    // column 2 at stone 10; two users after three moves, one of them taken back.
-    const std::string files[] = {
-        head + " 0 \r\n" + tail,
-        head +
-            " 10 \r\n 1   8   8 \r\n-1   2   1 \r\n 1   1   1 \r\n-1   2   2 \r\n"
-            " 1   1   2 \r\n-1   2   3 \r\n 1   1   3 \r\n-1   2   4 \r\n 1   1   4 \r\n"
-            "-1   2   5 \r\n" +
-            tail,
-        head + " 2 \r\n 1   7   7 \r\n-1   9   9 \r\nUserTurn\r\n-1 \r\nend\r\n"};
-    for (int n = 0; n < 3; ++n) {
-        s.userColour = black;
-        game.newGame();
-        if (n == 1) {
-            s.blackSide = s.whiteSide = computerA;
-            game.computerGame();
-        } else if (n == 2) {
-            s.twoUsers = flagTrue;
-            for (std::int16_t xy : {7, 9, 6}) game.userMove(xy, xy);
-            game.stepBack();
-        }
-        useFile("game.txt");
-        const auto before = readableState(s);
-        saveBoardFile(game);
-        EXPECT_EQ(readableState(s), before);
-        EXPECT_EQ(readBytes(s.boardFilePath), files[n]);
-
-        toolkit.forget();
-        readBoardFile(game);
-        EXPECT_EQ(s.position.board[8][8], empty);  // no stone is placed
-        EXPECT_TRUE(toolkit.captionsOf(Control::stepNumLab).empty());
-        EXPECT_EQ(toolkit.lastEnabled(Control::cmdForw), true);
-        game.cmdForwardEndClick();
-        EXPECT_EQ(s.gameResult, std::get<6>(before));
-        useFile("again.txt");
-        saveBoardFile(game);
-        EXPECT_EQ(readBytes(s.boardFilePath), files[n]);
-    }
-    EXPECT_TRUE(toolkit.messages().empty());
-
-    useFile("no-such-dir/x.txt");
-    saveBoardFile(game);
-    EXPECT_EQ(
-        toolkit.messages(),
-        std::vector<std::string>{s.boardFilePath + ": board file cannot be written! Not saved"});
-    EXPECT_FALSE(std::filesystem::exists(dir / "no-such-dir"));
-}
-
 TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
     GameState& s = game.state();
     s.twoUsers = flagTrue;
@@ -134,6 +87,11 @@ TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
         {head + "-1 \r\n", at + "6: total of moves -1 is outside 0 to 225"},
         {h1 + " 1   8   40000 \r\n", at + "7: 40000 does not fit 16 bits"},
         {h1 + " 1   x   8 \r\n", at + "7: \"x\" is not a whole number"},
+        {h1 + std::string(5000, '7'),
+         at + "7: a field longer than 4096 bytes: \"" + std::string(40, '7') + "...\""},
+        {"\"Grid Size\r\n 15 \r\n", at + "1: the quote opened here is not closed"},
+        {head + " 0 \r\n" + tail + std::string(64 * 1024, ' '),
+         ": board file is larger than 64 KiB"},
         {h1 + " 0   8   8 \r\n", at + "7: colour 0 is neither 1 nor -1"},
         {head + " 3 \r\n" + move + "-1 9 9\r\n 1 16 3\r\n",
          at + "9: point (16, 3) is off the board"},
@@ -165,7 +123,7 @@ TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
                       std::vector<std::string>{refusal == unsuitable
                                                    ? refusal
                                                    : s.boardFilePath + refusal + "! Not loaded"});
-            EXPECT_EQ(toolkit.calls.size(), 1u) << text;  // no drawing, caption or button
+            EXPECT_EQ(toolkit.lines.size(), 1u) << text;  // no drawing, caption or button
             continue;
         }
         EXPECT_TRUE(toolkit.messages().empty()) << text;
@@ -174,6 +132,40 @@ TEST_F(BoardFileTest, ReadTakesWhatItCanAndRefusesTheRestChangingNothing) {
         EXPECT_EQ(s.moveRecord[1], (MoveRecordEntry{black, 8, 9})) << text;
         EXPECT_EQ(s.movesAhead, 1) << text;
     }
+}
+
+// A save writes through a symbolic link, keeps the file's mode, leaves other
+// files alone, and refuses what it must not replace, changing nothing.
+TEST_F(BoardFileTest, SavesKeepLinksAndModesAndRefuseWhatIsNoWritablePlainFile) {
+    namespace fs = std::filesystem;
+    useFile("target.txt", "old");
+    const auto readWrite = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(dir / "target.txt", readWrite);
+    fs::create_symlink("target.txt", dir / "link.txt");
+    testing::writeBytes(dir / "target.txt.part", "someone else's");
+    useFile("link.txt");
+    const mode_t umaskBefore = umask(0277);  // one that would cut the file's own mode
+    saveBoardFile(game);
+    umask(umaskBefore);
+    EXPECT_EQ(std::tuple(fs::is_symlink(dir / "link.txt"), readBytes(dir / "target.txt"),
+                         fs::status(dir / "target.txt").permissions(),
+                         readBytes(dir / "target.txt.part"), toolkit.messages().size()),
+              std::tuple(true, formatBoardFile(game.state()), readWrite, "someone else's", 0u));
+
+    useFile("readonly.txt", "old");
+    fs::permissions(dir / "readonly.txt", fs::perms::owner_read);
+    fs::create_directory(dir / "folder.txt");
+    std::vector<std::string> refused;
+    for (const char* name : {"readonly.txt", "folder.txt"}) {
+        useFile(name);
+        saveBoardFile(game);
+        refused.push_back(game.state().boardFilePath + ": board file cannot be written! Not saved");
+    }
+    EXPECT_EQ(toolkit.messages(), refused);
+    EXPECT_EQ(readBytes(dir / "readonly.txt"), "old");
+    EXPECT_TRUE(fs::is_empty(dir / "folder.txt"));
+    // No temporary file is left behind.
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir.path()), {}), 5);
 }
 
 }  // namespace

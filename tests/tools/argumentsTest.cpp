@@ -30,52 +30,63 @@ TEST(Arguments, EachCommandWithItsDefaultsAndBothValueForms) {
     const auto t =
         parsed<TournamentCommand>({"tournament", "--cycles", "12", "--seed=18446744073709551615",
                                    "--jobs", "3", "--report", "out/r.txt"});
-    EXPECT_EQ(std::tuple(t.cycles, t.seed, t.jobs, t.report),
+    EXPECT_EQ(std::tuple(t.cycles, t.seed, t.run.jobs, t.run.report),
               std::tuple(12, std::optional(18446744073709551615ull), 3u, "out/r.txt"));
-    const auto d = parsed<TournamentCommand>({"tournament", "--cycles=32767"}, 5);
-    EXPECT_EQ(std::tuple(d.cycles, d.seed, d.jobs, d.report),
-              std::tuple(32767, std::nullopt, 5u, "result.txt"));
+    const auto d = parsed<TournamentCommand>({"tournament", "--cycles=032767"}, 5);
+    EXPECT_EQ(std::tuple(d.cycles, d.seed, d.run.jobs, d.run.report, d.run.sprt.has_value()),
+              std::tuple(32767, std::nullopt, 5u, "result.txt", false));
     const auto s = parsed<TestSuiteCommand>({"testsuite"}, 4);
-    EXPECT_EQ(std::tuple(s.list, s.report, s.jobs), std::tuple("testsuit.txt", "result.txt", 4u));
-    const auto l =
-        parsed<TestSuiteCommand>({"testsuite", "--report", "a", "--list", "b", "--jobs", "1"});
-    EXPECT_EQ(std::tuple(l.list, l.report, l.jobs), std::tuple("b", "a", 1u));
+    EXPECT_EQ(std::tuple(s.list, s.run.report, s.run.jobs, s.run.gamesCsv, s.run.summaryJson),
+              std::tuple("testsuit.txt", "result.txt", 4u, "", ""));
+    const auto l = parsed<TestSuiteCommand>({"testsuite", "--report", "a", "--list", "b", "--jobs",
+                                             "1", "--games-csv", "g", "--summary-json", "j",
+                                             "--sprt", "7", "--elo0=-5.5", "--elo1", "10"});
+    EXPECT_EQ(std::tuple(l.list, l.run.report, l.run.jobs, l.run.gamesCsv, l.run.summaryJson),
+              std::tuple("b", "a", 1u, "g", "j"));
+    ASSERT_TRUE(l.run.sprt);
+    EXPECT_EQ(std::tuple(l.run.sprt->pair, l.run.sprt->elo0, l.run.sprt->elo1, l.run.sprt->alpha,
+                         l.run.sprt->beta),
+              std::tuple(7, -5.5, 10.0, 0.05, 0.05));
     // The board file may stand anywhere among the options.
     const auto a = parsed<AnalyseCommand>(
         {"analyse", "--kind", "4", "pos.txt", "--depth", "0", "--white", "0"});
     EXPECT_EQ(std::tuple(a.boardFile, a.kind, a.depth, a.black, a.white),
               std::tuple("pos.txt", 4, 0, std::nullopt, 0));
-    // Help wins anywhere.
-    for (const Words& words :
-         {Words{"-h"}, Words{"tournament", "--help"}, Words{"bogus", "--cycles", "x", "-h"}})
-        parsed<HelpRequest>(words);
-    EXPECT_NE(helpText().find("quintline-batch analyse BOARDFILE --kind K --depth D"),
-              std::string_view::npos);
+    // Help of the program or of one command, whatever else is given.
+    for (const auto& [words, text] :
+         {std::pair(Words{"-h"}, "quintline-batch analyse BOARDFILE --kind K --depth D"),
+          {Words{"tournament", "--cycles", "x", "--help"}, "--sprt PAIR"},
+          {Words{"bogus", "-h"}, "Subcommands:"},
+          {Words{"analyse", "--help"}, "Usage: quintline-batch analyse [OPTIONS] BOARDFILE"}})
+        EXPECT_NE(parsed<HelpRequest>(words).text.find(text), std::string::npos) << text;
 }
 
 TEST(Arguments, UsageErrorsNameTheProblem) {
     const std::pair<Words, std::string_view> cases[] = {
         {{}, "no command"},
         {{"play"}, "unknown command 'play'"},
-        {{"tournament"}, "needs --cycles"},
-        {{"tournament", "--cycles", "0"}, "--cycles takes a whole number from 1 to 32767"},
-        {{"tournament", "--cycles", "32768"}, "from 1 to 32767"},
+        {{"tournament"}, "--cycles is required"},
+        {{"tournament", "--cycles", "0"}, "--cycles: takes a whole number from 1 to 32767"},
         {{"tournament", "--cycles", "5x"}, "not '5x'"},
-        {{"tournament", "--cycles"}, "--cycles needs a value"},
-        {{"tournament", "--cycles", "2", "--cycles", "3"}, "given twice"},
-        {{"tournament", "--cycles", "2", "--list", "x"}, "unknown option --list"},
-        {{"tournament", "--cycles", "2", "extra"}, "unexpected argument 'extra'"},
-        {{"tournament", "--cycles", "2", "--seed", "-1"}, "--seed"},
-        {{"testsuite", "--jobs", "0"}, "--jobs takes a whole number from 1"},
-        {{"testsuite", "--jobs", "257"}, "to 256"},
-        {{"analyse", "--kind", "1", "--depth", "2"}, "needs a board file"},
-        {{"analyse", "a", "b", "--kind", "1", "--depth", "2"}, "one board file, not 2"},
-        {{"analyse", "a", "--depth", "2"}, "needs --kind K and --depth D"},
+        {{"tournament", "--cycles", "2", "extra"}, "extra"},
+        {{"tournament", "--cycles", "2", "--seed", "-1"}, "--seed: takes a whole number"},
+        {{"tournament", "--cycles", "2", "--seed", "18446744073709551616"}, "--seed"},
+        {{"testsuite", "--jobs", "0"}, "--jobs: takes a whole number from 1"},
+        {{"testsuite", "--sprt", "8", "--elo0", "0", "--elo1", "5"}, "from 1 to 7"},
+        {{"testsuite", "--sprt", "1", "--elo0", "0"}, "--sprt requires --elo1"},
+        {{"testsuite", "--alpha", "0.1"}, "--alpha requires --sprt"},
+        {{"testsuite", "--sprt", "1", "--elo0", "5", "--elo1", "5"}, "--elo0 must be below"},
+        {{"testsuite", "--sprt", "1", "--elo0", "nan", "--elo1", "5"}, "--elo0: takes a number"},
+        {{"testsuite", "--sprt", "1", "--elo0", "0", "--elo1", "1001"}, "from -1000 to 1000"},
+        {{"testsuite", "--sprt", "1", "--elo0", "0", "--elo1", "5", "--beta", "0"},
+         "--beta: takes a number above 0 and below 0.5"},
+        {{"analyse", "--kind", "1", "--depth", "2"}, "BOARDFILE is required"},
+        {{"analyse", "a", "b", "--kind", "1", "--depth", "2"}, "not expected: b"},
+        {{"analyse", "a", "--depth", "2"}, "--kind is required"},
         {{"analyse", "a", "--kind", "5", "--depth", "2"},
-         "--kind takes a whole number from 1 to 4"},
+         "--kind: takes a whole number from 1 to 4"},
         {{"analyse", "a", "--kind", "1", "--depth", "9"},
-         "--depth takes a whole number from 0 to 8"},
-        {{"analyse", "a", "--kind", "1", "--depth", "2", "--white", "-1"}, "--white"},
+         "--depth: takes a whole number from 0 to 8"},
     };
     for (const auto& [words, error] : cases) {
         const auto p = parse(words);

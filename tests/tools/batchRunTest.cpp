@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include <atomic>
 #include <sstream>
 #include <string>
@@ -10,7 +12,8 @@
 
 #include "batch/batchRun.h"
 #include "batch/commands.h"
-#include "batch/summaryTable.h"
+#include "batch/gamesCsv.h"
+#include "batch/statistics.h"
 #include "harness/fakes.h"
 #include "harness/tournament.h"
 #include "tools/batchFixtures.h"
@@ -25,7 +28,82 @@ ScriptedClock sameClock() {
     return ScriptedClock({"10:00:00", "10:05:00"}, {36000.0f, 36300.5f});
 }
 
-TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
+TournamentCommand tournament(int cycles, std::optional<std::uint64_t> seed, unsigned jobs,
+                             const std::filesystem::path& report) {
+    TournamentCommand command{cycles, seed, {}};
+    std::tie(command.run.jobs, command.run.report) = std::tuple(jobs, report.string());
+    return command;
+}
+
+// Lines split into fields at `separator`, or into words at blanks.
+std::vector<std::vector<std::string>> fields(const std::string& text, char separator = ' ') {
+    std::vector<std::vector<std::string>> rows;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream in(line);
+        rows.emplace_back();
+        for (std::string field; std::getline(in, field, separator);)
+            if (separator != ' ' || !field.empty()) rows.back().push_back(field);
+    }
+    return rows;
+}
+
+// The CSV rows, the JSON summary and the table of a tournament say what its
+// report's game lines say, and the figures on pairs come from the games of
+// each cycle.
+void expectAgreement(const std::vector<std::string>& report, const std::string& csv,
+                     const nlohmann::json& summary, const std::string& table, std::size_t cycles,
+                     std::uint64_t seed) {
+    const auto rows = fields(csv, ',');
+    const auto words = fields(table);
+    ASSERT_EQ(rows.size(), 1 + cycles * schedule.size());
+    EXPECT_EQ(csv.substr(0, gamesCsvHeader.size()), gamesCsvHeader);
+    std::vector<std::array<std::size_t, 4>> counts(schedule.size());  // W, D, L, credits
+    std::vector<Pentanomial> pentanomials(schedule.size() / 2);
+    SeededUniform uniform(seed);
+    for (std::size_t c = 0; c < cycles; ++c) {
+        std::ostringstream opening;  // the centre, then the seeded stones
+        opening << "8.8";
+        for (const Point& stone : drawOpening(uniform).stones)
+            opening << '-' << stone.x << '.' << stone.y;
+        std::string line = " ";  // no board file path, then the groups
+        std::vector<int> points;
+        for (std::size_t n = 0; n < schedule.size(); ++n) {
+            const auto& row = rows[1 + c * schedule.size() + n];
+            const Pairing& p = schedule[n];
+            std::ostringstream fixed;
+            fixed << c + 1 << ",," << n + 1 << ',' << p.label << ',' << p.black << ',' << p.white
+                  << ',' << p.depthA << ',' << p.depthB;
+            EXPECT_EQ(std::vector(row.begin(), row.begin() + 8), fields(fixed.str(), ',')[0]);
+            EXPECT_EQ(row[11], opening.str());
+            line += row[10] + " " + row[9] + " ";
+            const int result = std::stoi(row[8]);
+            points.push_back(result == 0 ? 1 : isAFamily(result > 0 ? p.black : p.white) ? 2 : 0);
+            ++counts[n][static_cast<std::size_t>(2 - points.back())];
+            counts[n][3] += row[10] == "A";
+        }
+        EXPECT_EQ(report[2 + c], line);
+        for (std::size_t k = 0; k < pentanomials.size(); ++k)
+            ++pentanomials[k][static_cast<std::size_t>(points[2 * k] + points[2 * k + 1])];
+    }
+    for (std::size_t n = 0; n < schedule.size(); ++n) {
+        const auto& j = summary["pairings"][n];
+        const auto& row = words[1 + n];
+        const std::array<std::size_t, 4> json{j["aWins"], j["draws"], j["aLosses"], j["aCredits"]};
+        const std::array<std::size_t, 4> printed{std::stoul(row[6]), std::stoul(row[7]),
+                                                 std::stoul(row[8]), std::stoul(row[3])};
+        EXPECT_EQ(std::tuple(json, printed), std::tuple(counts[n], counts[n])) << n;
+    }
+    for (std::size_t k = 0; k < pentanomials.size(); ++k) {
+        std::ostringstream printed;
+        for (std::size_t count : pentanomials[k]) printed << count << ' ';
+        EXPECT_EQ(summary["pairs"][k]["pentanomial"].get<Pentanomial>(), pentanomials[k]);
+        EXPECT_EQ(std::vector(words[17 + k].end() - 5, words[17 + k].end()),
+                  fields(printed.str())[0]);
+    }
+}
+
+TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReportAndAgreeingFiguresBeside) {
     ScratchDirectory dir;
     const SearchSet shallow = shallowSearches();
     constexpr int cycles = 5;
@@ -36,30 +114,68 @@ TEST(BatchRun, ATournamentOnOneOrTwoThreadsWritesTheLibraryRunsReport) {
     runTournament(library.game, uniform, libraryClock, dir / "library.txt");
     const auto lines = reportLines(dir / "library.txt");
     ASSERT_EQ(lines.size(), 2u + cycles + 3u);
-    CreditCounts credits{};  // from the summary line
-    std::istringstream summary(lines[2 + cycles]);
-    for (std::string field; auto& credit : credits)
-        credit =
-            std::getline(summary, field, ',') ? static_cast<std::int16_t>(std::stoi(field)) : -1;
 
+    std::vector<std::string> outputs;
     for (unsigned jobs : {1u, 2u}) {
         ScriptedClock clock = sameClock();
         std::atomic<bool> stop{false};
         Environment environment{clock, stop, shallow};
         std::ostringstream out, err;
-        const auto report = dir / ("jobs" + std::to_string(jobs) + ".txt");
+        const auto name = dir / ("jobs" + std::to_string(jobs));
+        TournamentCommand command = tournament(cycles, 2024, jobs, name.string() + ".txt");
+        command.run.gamesCsv = name.string() + ".csv";
+        command.run.summaryJson = name.string() + ".json";
         const bool progress = jobs == 2;
-        EXPECT_EQ(tournamentCommand({cycles, 2024, jobs, report.string()}, environment,
-                                    {out, err, progress}),
-                  exitDone);
-        EXPECT_EQ(readBytes(report), readBytes(dir / "library.txt")) << jobs;
-        EXPECT_EQ(out.str(), summaryTable(credits, cycles));
+        EXPECT_EQ(tournamentCommand(command, environment, {out, err, progress}), exitDone);
+        EXPECT_EQ(readBytes(name.string() + ".txt"), readBytes(dir / "library.txt")) << jobs;
         // The progress line, rewritten in place and ended at the end, only when asked for.
         EXPECT_TRUE(progress ? err.str().find("\r70/70 games") != std::string::npos &&
                                    err.str().back() == '\n'
                              : err.str().empty())
             << err.str();
+        nlohmann::json summary = nlohmann::json::parse(readBytes(name.string() + ".json"));
+        EXPECT_EQ(summary["run"], nlohmann::json::parse(R"({"command": "tournament", "seed": 2024,
+            "jobs": )" + std::to_string(jobs) + R"(, "played": 5, "stoppedBy": null})"));
+        expectAgreement(lines, readBytes(name.string() + ".csv"), summary, out.str(), cycles, 2024);
+        summary["run"].erase("jobs");
+        outputs.push_back(out.str() + readBytes(name.string() + ".csv") + summary.dump());
     }
+    EXPECT_EQ(outputs[0], outputs[1]);
+}
+
+TEST(BatchRun, AnSprtStopIsTheSameOnOneOrTwoThreadsAndKeepsWhatAShorterRunWrites) {
+    ScratchDirectory dir;
+    std::vector<std::string> kept;  // untimed report lines and CSV
+    std::vector<std::string> printed;
+    int played = 0;
+    for (unsigned jobs : {1u, 2u, 0u}) {  // 0: a plain run of the cycles the test kept
+        ScriptedClock clock = sameClock();
+        std::atomic<bool> stop{false};
+        Environment environment{clock, stop, shallowSearches()};
+        std::ostringstream out, err;
+        const auto name = (dir / ("jobs" + std::to_string(jobs))).string();
+        TournamentCommand command = tournament(jobs ? 40 : played, 11, std::max(jobs, 1u), name);
+        command.run.gamesCsv = name + ".csv";
+        command.run.summaryJson = name + ".json";
+        if (jobs) command.run.sprt = SprtOptions{5, 0, 50, 0.05, 0.05};
+        ASSERT_EQ(tournamentCommand(command, environment, {out, err}), exitDone) << err.str();
+        const auto summary = nlohmann::json::parse(readBytes(name + ".json"));
+        std::string lines;
+        for (const std::string& line : reportLines(name, true)) lines += line + '\n';
+        kept.push_back(lines + readBytes(name + ".csv"));
+        if (!jobs) break;
+        played = summary["run"]["played"];
+        printed.push_back(out.str());
+        const std::string verdict = summary["sprt"]["result"];
+        EXPECT_EQ(verdict == "H1", summary["sprt"]["llr"] >= summary["sprt"]["upper"]);
+        EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["sprt"]["result"].is_string()),
+                  std::tuple("sprt", true));
+        EXPECT_NE(out.str().find("\nSPRT: " + verdict + " accepted, LLR "), std::string::npos);
+        EXPECT_EQ(reportLines(name).size(), 5u + static_cast<std::size_t>(played));
+    }
+    EXPECT_LT(played, 40);
+    EXPECT_EQ(std::tuple(kept[0], printed[0]), std::tuple(kept[1], printed[1]));
+    EXPECT_EQ(kept[0], kept[2]);
 }
 
 TEST(BatchRun, WithoutASeedTheClockSeedIsPrintedAndRepeatsTheRun) {
@@ -68,12 +184,12 @@ TEST(BatchRun, WithoutASeedTheClockSeedIsPrintedAndRepeatsTheRun) {
     std::atomic<bool> stop{false};
     Environment first{clock1, stop, shallowSearches()}, second{clock2, stop, shallowSearches()};
     std::ostringstream out, err;
-    ASSERT_EQ(tournamentCommand({2, {}, 2, (dir / "a.txt").string()}, first, {out, err}), exitDone);
+    ASSERT_EQ(tournamentCommand(tournament(2, {}, 2, dir / "a.txt"), first, {out, err}), exitDone);
     const std::string text = err.str();
     ASSERT_EQ(text.rfind("quintline-batch: seed ", 0), 0u) << text;
     const std::uint64_t seed = std::stoull(text.substr(22));
     EXPECT_NE(text.find("(repeat with --seed " + std::to_string(seed) + ")"), std::string::npos);
-    ASSERT_EQ(tournamentCommand({2, seed, 1, (dir / "b.txt").string()}, second, {out, err}),
+    ASSERT_EQ(tournamentCommand(tournament(2, seed, 1, dir / "b.txt"), second, {out, err}),
               exitDone);
     EXPECT_EQ(readBytes(dir / "a.txt"), readBytes(dir / "b.txt"));
 }
@@ -85,11 +201,17 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     writeBoardFile(d + "empty.txt", {});
     writeBytes(d + "wide.txt", wideBoardFile);
     writeBytes(d + "none.txt", "0\r\n");
+    // Lists that are refused, fall short of their count, or hold entries that can't be paths.
+    writeBytes(d + "minus.txt", "-1\r\nsmall.txt\r\n");
+    writeBytes(d + "huge.txt", "40000\r\n");
+    writeBytes(d + "long.txt", std::string(5000, '7'));
+    writeBytes(d + "short.txt", "3\r\n" + d + "small.txt\r\n");
+    writeBytes(d + "odd.txt", "4\r\n\"a\rb\"\r\n/dev/zero\r\n" + d + "small.txt\r\n\"sm");
     // Arguments (@ for the scratch directory), exit status, and a text that
     // stdout and stderr must hold, or nothing.
     const std::tuple<std::string, int, std::string, std::string> rows[] = {
         {"", exitUsage, "", "quintline-batch: no command given\nTry 'quintline-batch --help'.\n"},
-        {"analyse --help", exitDone, "Usage:\n", ""},
+        {"analyse --help", exitDone, "Usage: quintline-batch analyse", ""},
         {"analyse @small.txt --kind 4 --depth 2", exitDone, "9 9 75 160\n", ""},
         {"analyse @small.txt --kind 1 --depth 2", exitDone, "10 7 160\n", ""},
         {"analyse @empty.txt --kind 1 --depth 2", exitDone, "0 0 -2147483647\n", ""},
@@ -105,25 +227,54 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
          "quintline-batch: " + d + "nolist.txt can not be opened! Not started\n"},
         {"tournament --cycles 3 --report @", exitRefused, "",
          "quintline-batch: " + d + " can not be written! Not started\n"},
-        {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""}};
+        {"tournament --cycles 3 --report @never.txt --summary-json @no/s.json", exitRefused, "",
+         "quintline-batch: " + d + "no/s.json can not be written! Not started\n"},
+        {"testsuite --list @none.txt --report @never.txt --games-csv @no/g.csv", exitRefused, "",
+         "no/g.csv can not be written! Not started\n"},
+        {"testsuite --list @none.txt --report @r.txt", exitDone, "1 A(3):B(2)", ""},
+        // > for stdout on a full disk, where every write fails.
+        {"> analyse @small.txt --kind 1 --depth 1", exitRefused, "",
+         "quintline-batch: the results could not be written to stdout\n"},
+        {"analyse /dev/zero --kind 1 --depth 2", exitRefused, "",
+         "quintline-batch: /dev/zero: board file is larger than 64 KiB! Not loaded\n"},
+        {"testsuite --list /dev/zero --report @never.txt", exitRefused, "",
+         "quintline-batch: /dev/zero is larger than 4 MiB! Not started\n"},
+        {"testsuite --list @minus.txt --report @never.txt", exitRefused, "",
+         "minus.txt: the number of entries \"-1\" is outside 0 to 32767! Not started\n"},
+        {"testsuite --list @huge.txt --report @never.txt", exitRefused, "", "\"40000\" is outside"},
+        {"testsuite --list @long.txt --report @never.txt", exitRefused, "",
+         "long.txt does not begin with the number of entries! Not started\n"},
+        {"testsuite --list @short.txt --report @short-report.txt", exitRefused, "1 A(3):B(2)",
+         "quintline-batch: " + d + "short.txt ends early: 2 of 3 entries missing\n"},
+        {"testsuite --list @odd.txt --report @odd-report.txt", exitDone, "1 A(3):B(2)",
+         "entry 1 skipped: its path \"a\\rb\" holds a line end or NUL\nentry 2 (/dev/zero) "
+         "skipped: /dev/zero: board file is larger than 64 KiB! Not loaded\n"
+         "entry 4 skipped: its path \"sm\" lacks its closing quote\n"}};
     for (const auto& [line, status, out, err] : rows) {
         SCOPED_TRACE(line);
         std::vector<std::string> args;
         std::istringstream words(line);
         for (std::string word; words >> word;)
-            args.push_back(word[0] == '@' ? d + word.substr(1) : word);
+            if (word != ">") args.push_back(word[0] == '@' ? d + word.substr(1) : word);
         ScriptedClock clock = sameClock();
         std::atomic<bool> stop{false};
         Environment environment{clock, stop};  // the real searches
         std::ostringstream printed, complained;
+        std::ostream full(nullptr);
         EXPECT_EQ(runCommandLine(std::vector<std::string_view>(args.begin(), args.end()), 2,
-                                 environment, {printed, complained}),
+                                 environment, {line[0] == '>' ? full : printed, complained}),
                   status);
         for (const auto& [text, wanted] : {std::pair(printed.str(), out), {complained.str(), err}})
             EXPECT_TRUE(wanted.empty() ? text.empty() : text.find(wanted) != std::string::npos)
                 << text;
     }
     EXPECT_FALSE(std::filesystem::exists(d + "never.txt"));
+    // Whole blocks, each line ended once, their tails naming the last path played.
+    for (const char* report : {"short-report.txt", "odd-report.txt"}) {
+        const std::string text = readBytes(d + report);
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 6) << text;
+        EXPECT_EQ(reportLines(d + report).back().rfind(d + "small.txtUsed Time", 0), 0u) << text;
+    }
 }
 
 TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {

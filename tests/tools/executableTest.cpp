@@ -1,5 +1,6 @@
 // The built quintline-batch program itself: a test-suite run in the current
-// directory equal to the library's on one or two threads, and Ctrl-C.
+// directory equal to the library's on one or two threads, stop signals, and
+// two runs on one report.
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -7,14 +8,19 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <functional>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "harness/clock.h"
+#include "harness/reportLock.h"
 #include "harness/testSuite.h"
 #include "tools/batchFixtures.h"
 
@@ -97,30 +103,71 @@ TEST(Program, ATestSuiteOnOneOrTwoThreadsWritesTheLibraryRunsLinesAndRefusalsOnc
     EXPECT_EQ(reportLines(dir / "result.txt").back().rfind("missing.txt", 0), 0u);
 }
 
-TEST(Program, CtrlCKeepsTheBlockOfTheEntriesPlayedSoFar) {
+// Waits (for at most five minutes) until `done` holds.
+void waitFor(const std::function<bool()>& done) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(5);
+    while (!done() && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+}
+
+TEST(Program, CtrlCSigtermAndSighupKeepTheBlockOfTheEntriesPlayedSoFar) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        SCOPED_TRACE(signal);
+        ScratchDirectory dir(true);
+        writeLateSuite(dir, "testsuit.txt", 300);
+        const Finished f =
+            run({"testsuite", "--jobs", "2", "--games-csv", "g.csv", "--summary-json", "s.json"},
+                dir.path(), [&](pid_t pid) {
+                    // Once the first game line stands behind the start and header lines.
+                    waitFor([&] { return reportLines(dir / "result.txt").size() >= 3; });
+                    kill(pid, signal);
+                });
+        EXPECT_EQ(f.status, 128 + signal) << f.err;
+        const auto lines = reportLines(dir / "result.txt");
+        ASSERT_GE(lines.size(), 6u);
+        const int games = static_cast<int>(lines.size()) - 5;
+        EXPECT_NE(f.err.find("stopped: " + std::to_string(games) + " whole lines kept"),
+                  std::string::npos)
+            << f.err;
+        EXPECT_NE(f.out.find("1 A(3):B(2)"), std::string::npos);
+        // The CSV and the summary cover the same entries, each row naming its entry.
+        const auto summary = nlohmann::json::parse(readBytes(dir / "s.json"));
+        EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["run"]["played"],
+                             summary["run"]["seed"]),
+                  std::tuple("interrupt", games, nullptr));
+        const std::string csv = readBytes(dir / "g.csv");
+        EXPECT_EQ(std::ranges::count(csv, '\n'), 1 + games * 14);
+        const std::string lastRow =
+            "\n,late" + std::to_string((games - 1) % 3) + ".txt,14,B-K-A(3)";
+        EXPECT_EQ(csv.rfind(lastRow), csv.rfind('\n', csv.size() - 2)) << csv;
+        // Exactly the block a run of that many entries writes, its tail naming the last of them.
+        writeLateSuite(dir, "kept.txt", games);
+        EXPECT_EQ(reportLines(dir / "result.txt", true), libraryRun("kept.txt"));
+        const std::string last = "late" + std::to_string((games - 1) % 3) + ".txt";
+        EXPECT_EQ(lines[static_cast<std::size_t>(3 + games)].rfind(last + "End Time: ", 0), 0u);
+    }
+}
+
+TEST(Program, ASecondRunOnAReportWaitsForTheFirstOrWithNoWaitIsRefused) {
     ScratchDirectory dir(true);
-    writeLateSuite(dir, "testsuit.txt", 300);
-    const Finished f = run({"testsuite", "--jobs", "2"}, dir.path(), [&](pid_t pid) {
-        // Once the first game line stands behind the start and header lines.
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(5);
-        while (reportLines(dir / "result.txt").size() < 3 &&
-               std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        kill(pid, SIGINT);
+    writeLateSuite(dir, "testsuit.txt", 1);
+    writeBytes(dir / "result.txt", "first run\r\n");
+    std::optional<ReportLock> firstRun(std::in_place);
+    ASSERT_EQ(firstRun->tryTake(dir / "result.txt"), ReportLock::Outcome::taken);
+    const Finished refused = run({"testsuite", "--no-wait"}, dir.path());
+    EXPECT_EQ(std::tuple(refused.status, refused.err, readBytes(dir / "result.txt")),
+              std::tuple(1, "quintline-batch: result.txt is in use by another run! Not started\n",
+                         "first run\r\n"));
+    std::filesystem::remove(dir / "stderr.log");
+    const Finished waited = run({"testsuite"}, dir.path(), [&](pid_t) {
+        waitFor([&] { return !readBytes(dir / "stderr.log").empty(); });
+        EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
+        firstRun.reset();
     });
-    EXPECT_EQ(f.status, 130) << f.err;
-    const auto lines = reportLines(dir / "result.txt");
-    ASSERT_GE(lines.size(), 6u);
-    const int games = static_cast<int>(lines.size()) - 5;
-    EXPECT_NE(f.err.find("stopped: " + std::to_string(games) + " whole lines kept"),
-              std::string::npos)
-        << f.err;
-    EXPECT_NE(f.out.find("1 A(3):B(2)"), std::string::npos);
-    // Exactly the block a run of that many entries writes, its tail naming the last of them.
-    writeLateSuite(dir, "kept.txt", games);
-    EXPECT_EQ(reportLines(dir / "result.txt", true), libraryRun("kept.txt"));
-    const std::string last = "late" + std::to_string((games - 1) % 3) + ".txt";
-    EXPECT_EQ(lines[static_cast<std::size_t>(3 + games)].rfind(last + "End Time: ", 0), 0u);
+    EXPECT_EQ(
+        std::tuple(waited.status, waited.err),
+        std::tuple(0, "quintline-batch: waiting for another run to finish with result.txt\n"));
+    EXPECT_EQ(reportLines(dir / "result.txt").size(), 7u);
 }
 
 }  // namespace

@@ -20,10 +20,11 @@ using Seen = std::vector<std::pair<std::size_t, std::size_t>>;
 struct Recorder {
     Seen seen;
     std::size_t failAt = SIZE_MAX;
+    std::size_t lastAt = SIZE_MAX;
     OrderedWriter<std::size_t> writer{[this](std::size_t index, std::size_t& item) {
-        if (index == failAt) return false;
+        if (index == failAt) return Handed::refused;
         seen.emplace_back(index, item);
-        return true;
+        return index == lastAt ? Handed::last : Handed::carryOn;
     }};
 };
 
@@ -45,12 +46,16 @@ TEST(OrderedWriter, HoldsItemsBehindAGapAndStopsAtACutOrAFailingSink) {
     for (std::size_t i : {3, 4, 5, 6}) r.writer.complete(i, i * 10);
     EXPECT_EQ(r.writer.handedOn(), 5u);
 
-    // A sink that refuses item 1 ends the writing there.
-    Recorder failing;
-    failing.failAt = 1;
-    for (std::size_t i : {2, 1, 0, 3}) failing.writer.complete(i, i * 10);
-    EXPECT_EQ(failing.seen, (Seen{{0, 0}}));
-    EXPECT_EQ(std::tuple(failing.writer.handedOn(), failing.writer.waiting()), std::tuple(1u, 0u));
+    // A sink that refuses item 1 ends the writing there; one that takes it as
+    // the last ends it after it, though item 2 was waiting.
+    for (const bool refuse : {true, false}) {
+        Recorder ending;
+        (refuse ? ending.failAt : ending.lastAt) = 1;
+        for (std::size_t i : {2, 1, 0, 3}) ending.writer.complete(i, i * 10);
+        EXPECT_EQ(ending.seen, (refuse ? Seen{{0, 0}} : Seen{{0, 0}, {1, 10}}));
+        EXPECT_EQ(std::tuple(ending.writer.handedOn(), ending.writer.waiting()),
+                  std::tuple(refuse ? 1u : 2u, 0u));
+    }
 }
 
 TEST(OrderedWriter, ManyThreadsInShuffledOrderStillWriteInOrder) {

@@ -1,7 +1,9 @@
-// Wilson intervals, the summary table on stdout and the progress line.
+// The statistics against figures worked out by hand, undefined ones
+// included; the tally and the tables built on them; the progress line.
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -9,58 +11,121 @@
 #include <vector>
 
 #include "batch/progress.h"
+#include "batch/statistics.h"
 #include "batch/summaryTable.h"
-#include "batch/wilson.h"
+#include "harness/credit.h"
 
 namespace quintline::batch {
 namespace {
 
-using Words = std::vector<std::string>;
+using Figure = std::optional<double>;
+constexpr std::nullopt_t none = std::nullopt;
 
-TEST(Wilson, KnownIntervalsAtZ196AndWiderAtALargerZ) {
+void expectFigures(std::vector<Figure> got, std::vector<Figure> want, const std::string& trace) {
+    for (std::size_t i = 0; i < want.size(); ++i) {
+        EXPECT_EQ(got[i].has_value(), want[i].has_value()) << trace << " figure " << i;
+        if (got[i] && want[i]) {
+            EXPECT_NEAR(*got[i], *want[i], 1e-5 * std::max(1.0, std::abs(*want[i])))
+                << trace << " figure " << i;
+        }
+    }
+}
+
+TEST(Statistics, FiguresWorkedOutByHand) {
+    // Elo, its error, LOS. 6/8/2: score 10/16, Elo 400 log10(5/3), var 1.75/16,
+    // LOS 1/2 + erf(1)/2. 2/0/1: Elo 400 log10 2, but 2/3 + 1.96 sqrt(2/27) > 1.
+    const std::tuple<WinDrawLoss, Figure, Figure, Figure> games[] = {
+        {{0, 0, 0}, none, none, none},
+        {{3, 0, 0}, none, none, 0.958368},  // a score of 1; LOS 1/2 + erf(3/sqrt 6)/2
+        {{2, 0, 1}, 120.411998, none, 0.718149},
+        {{0, 4, 0}, 0.0, 0.0, none},  // no variance, and W + L = 0
+        {{6, 8, 2}, 88.739500, 126.440446, 0.921350},
+    };
+    for (const auto& [wdl, elo, error, los] : games) {
+        const GameFigures f = gameFigures(wdl);
+        expectFigures({f.elo, f.eloError, f.los}, {elo, error, los},
+                      std::to_string(wdl.wins) + "/" + std::to_string(wdl.draws));
+    }
+    // Pairs: Elo, error, nElo, its error, LOS, draw ratio, pairs ratio.
+    // 1 2 3 4 2: mean 7/12, var 0.086806; nElo error 1.96 x 800/ln 10 / sqrt 24.
+    const std::tuple<Pentanomial, std::size_t, std::vector<Figure>> pairs[] = {
+        {{0, 0, 0, 0, 0}, 0, {none, none, none, none, none, none, none}},
+        {{0, 0, 3, 0, 0}, 6, {0.0, 0.0, none, 278.001260, none, 1.0, none}},
+        {{1, 0, 2, 0, 0},
+         0,
+         {-120.411998, 264.532918, -173.717793, 278.001260, 0.110336, 0.0, 0.0}},
+        {{1, 2, 3, 4, 2},
+         7,
+         {58.451214, 124.675836, 69.487117, 139.000630, 0.836407, 0.291667, 2.0}},
+        {{0, 0, 0, 0, 2}, 0, {none, none, none, 340.480617, none, 0.0, none}},
+    };
+    for (const auto& [counts, drawn, want] : pairs) {
+        const PairFigures f = pairFigures(counts, drawn);
+        expectFigures({f.elo, f.eloError, f.nElo, f.nEloError, f.los, f.drawRatio, f.pairsRatio},
+                      want, "pairs " + std::to_string(counts[0]) + std::to_string(counts[4]));
+    }
+    // SPRT: bounds ln(beta/(1-alpha)), ln((1-beta)/alpha); LLR 0 without variance.
+    EXPECT_NEAR(sprtBounds(0.05, 0.1).lower, -2.251292, 1e-6);
+    EXPECT_NEAR(sprtBounds(0.05, 0.1).upper, 2.890372, 1e-6);
+    EXPECT_NEAR(sprtLlr({1, 2, 3, 4, 2}, 0, 10), 0.151433, 1e-6);
+    EXPECT_NEAR(sprtLlr({1, 0, 2, 0, 0}, 0, 200), -4.159371, 1e-6);
+    EXPECT_EQ(std::tuple(sprtLlr({0, 0, 5, 0, 0}, 0, 10), sprtLlr({}, 0, 10)),
+              std::tuple(0.0, 0.0));
+    // Wilson at z 1.96, and wider at a larger z.
     for (const auto& [k, n, low, high] :
          {std::tuple<std::size_t, std::size_t, double, double>(5, 10, 0.236593, 0.763407),
           {0, 10, 0.0, 0.277533},
-          {10, 10, 0.722467, 1.0},
-          {1, 1, 0.206549, 1.0},
-          {81, 263, 0.255289, 0.366210}}) {
+          {10, 10, 0.722467, 1.0}}) {
         const auto interval = wilsonInterval(k, n);
-        ASSERT_TRUE(interval);
-        EXPECT_NEAR(interval->low, low, 1e-6) << k << "/" << n;
-        EXPECT_NEAR(interval->high, high, 1e-6) << k << "/" << n;
+        expectFigures({interval->low, interval->high}, {low, high}, "Wilson " + std::to_string(k));
     }
     EXPECT_FALSE(wilsonInterval(0, 0));
-    const auto wide = wilsonInterval(5, 10, 2.576);
-    EXPECT_TRUE(wide && wide->low < 0.2366 && wide->high > 0.7634);
+    EXPECT_LT(wilsonInterval(5, 10, 2.576)->low, 0.2366);
 }
 
-std::vector<Words> tableWords(const std::string& table) {
-    std::vector<Words> rows;
-    std::istringstream lines(table);
-    for (std::string line; std::getline(lines, line);) {
-        std::istringstream words(line);
-        rows.emplace_back(std::istream_iterator<std::string>(words),
-                          std::istream_iterator<std::string>());
+// Four cycles of 14 games, all drawn but pairings 1 and 2, whose results by
+// cycle are given: A wins both (a pair of 1), draws both (1/2), wins one (1/2),
+// loses both (0).
+RunTally fourCycles() {
+    const GameCode first[] = {blackWon, gameDrawn, whiteWon, whiteWon};
+    const GameCode second[] = {whiteWon, gameDrawn, whiteWon, blackWon};
+    RunTally tally(schedule);
+    for (std::size_t c = 0; c < 4; ++c) {
+        std::vector<PlayedGame> games(schedule.size());
+        games[0].result = first[c];
+        games[1].result = second[c];
+        for (std::size_t n = 0; n < games.size(); ++n)
+            games[n].group = creditGame(schedule[n], games[n].result, 9);
+        tally.add(games);
     }
-    return rows;
+    return tally;
 }
 
-TEST(SummaryTable, RowsPerPairingAndPerColourSwappedPair) {
-    CreditCounts credits{};
-    credits[0] = 7;
-    credits[1] = 3;
-    credits[13] = 20;
-    const auto rows = tableWords(summaryTable(credits, 20));
-    ASSERT_EQ(rows.size(), 24u);  // heading, 14 pairings, blank, heading, 7 pairs
-    EXPECT_EQ(rows[1], (Words{"1", "A(3):B(2)", "20", "7", "0.350", "0.181..0.567"}));
-    EXPECT_EQ(rows[14], (Words{"14", "B-K-A(3):A(3)", "20", "20", "1.000", "0.839..1.000"}));
-    // A pair adds both colours: 10 of 40.
-    EXPECT_EQ(rows[17],
-              (Words{"1-2", "A(3):B(2)", "/", "B(2):A(3)", "40", "10", "0.250", "0.142..0.402"}));
-    EXPECT_EQ(tableWords(summaryTable(CreditCounts{}, 0))[5],
-              (Words{"5", "A(2):B(3)", "0", "0", "-", "-"}));
+TEST(SummaryTable, RowsPerPairingAndPerPairWithinAHundredColumns) {
+    const RunTally tally = fourCycles();
+    EXPECT_EQ(tally.pentanomial(0), (Pentanomial{1, 0, 2, 0, 1}));
+    const SprtStatus sprt = sprtStatus({2, -10, 10, 0.05, 0.05}, tally);
+    const std::string table = summaryTable(tally, sprt);
+    std::vector<std::string> lines;
+    std::istringstream in(table);
+    for (std::string line; std::getline(in, line);) {
+        EXPECT_LE(line.size(), 100u) << line;
+        lines.push_back(line);
+    }
+    ASSERT_EQ(lines.size(), 26u);  // heading, 14 pairings, blank, heading, 7 pairs, blank, SPRT
+    const std::string golden[] = {
+        "1 A(3):B(2)              4         1   0.250  0.046..0.699     1     1      2   -88.7 "
+        "     -  28.2%",
+        "2 B(2):A(3)              4         3   0.750  0.301..0.954     2     1      1    88.7 "
+        "     -  71.8%",
+        "3 A-K-B(3):B(2)          4         0   0.000  0.000..0.490     0     4      0     0.0 "
+        "   0.0      -",
+        "1-2 A(3):B(2)            4      0.0  296.6     0.0  240.8  50.0%  1 0 2 0 1",
+        "3-4 A-K-B(3):B(2)        4      0.0    0.0       -  240.8      -  0 0 4 0 0",
+        "SPRT: no decision, LLR 0.00 (-2.94, 2.94) on pair 2, elo0 -10 elo1 10"};
+    EXPECT_EQ((std::vector{lines[1], lines[2], lines[3], lines[17], lines[18], lines[25]}),
+              std::vector(std::begin(golden), std::end(golden)));
 }
-
 TEST(Progress, RateAndTimeLeft) {
     EXPECT_EQ(progressLine(0, 140, 0.0), "0/140 games, 0.00 games/s, ? left");
     EXPECT_EQ(progressLine(37, 140, 14.8), "37/140 games, 2.50 games/s, 0:41 left");

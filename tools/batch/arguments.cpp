@@ -1,234 +1,288 @@
 #include "batch/arguments.h"
 
+#include <CLI/CLI.hpp>
+
 #include <charconv>
-#include <map>
+#include <cmath>
+#include <sstream>
+#include <utility>
 #include <vector>
+
+#include "harness/schedule.h"
 
 namespace quintline::batch {
 namespace {
 
-constexpr std::string_view help =
-    R"(Usage:
-  quintline-batch tournament --cycles N [--seed S] [--jobs J] [--report PATH]
-  quintline-batch testsuite [--list PATH] [--jobs J] [--report PATH]
-  quintline-batch analyse BOARDFILE --kind K --depth D [--black K1 --white K2]
-  quintline-batch --help
-
-Plays Quintline's batches without a window, on several cores, and appends the
+constexpr const char* programText =
+    R"(Plays Quintline's batches without a window, on several cores, and appends the
 same block to the report as the desktop program's menu Testsuit does.
 
-tournament   N cycles (1 to 32767), each a random six-stone opening played
-             through the fourteen pairings. --seed S (0 to 2^64-1) repeats a
-             run's openings; without it the seed comes from the clock and is
-             printed on stderr. The openings do not depend on --jobs.
-testsuite    The fourteen pairings from each board file named in the list
-             (default testsuit.txt: a count, then one path per line; paths
-             are taken relative to the current directory). A board file that
-             is refused is reported on stderr and skipped.
-analyse      Replays all moves of BOARDFILE and runs the search of player
-             kind K (1 Computer A, 2 Computer B, 3 A knowing B, 4 B knowing
-             A) at depth D (0 to 8) for the side to move. Prints "x y value"
-             for kinds 1 and 2, "x y ownScore modelScore" for kinds 3 and 4;
-             "0 0" when the search leaves no point. For kinds 3 and 4 the side
-             to move plays K and the other side the other family's plain kind
-             (3 against 2, 4 against 1); --black and --white (0 to 4) set the
-             kinds of the two colours instead.
-
-Options:
-  --jobs J     games run on J threads (1 to 256; default: all cores)
-  --report P   the report file (default result.txt), appended to
-
-The report is byte for byte what --jobs 1 writes, apart from the times: game
-lines are appended in cycle or entry order, each as soon as it and all before
-it are complete. While stderr is a terminal, progress is shown there. At the
-end a table on stdout gives, for each pairing and each colour-swapped pair of
-pairings, the A family's share of the games with its 95% Wilson interval.
-
-Ctrl-C stops the run: no new cycle or entry starts, each thread finishes the
-game it is playing and leaves the rest of its cycle or entry unplayed. The
-report keeps the whole lines of the cycles or entries that finished without a
-gap before them (the lines a shorter run with the same seed would write), and
-its summary, end and used lines count just those; the table on stdout does
-too. A second Ctrl-C ends the program at once, leaving only whole lines.
-
-Exit status: 0 done, 1 an input refused (nothing written to the report),
-2 a usage error, 130 stopped by Ctrl-C.
+  quintline-batch tournament --cycles N [--seed S] [run options]
+  quintline-batch testsuite [--list PATH] [run options]
+  quintline-batch analyse BOARDFILE --kind K --depth D [--black K1 --white K2]
+  quintline-batch COMMAND --help      the options of one command
 )";
 
+constexpr const char* tournamentText =
+    R"(N cycles, each a random six-stone opening
+played through the fourteen pairings.
+--seed S repeats a run's openings; without it
+the seed comes from the clock and is printed on
+stderr. The openings do not depend on --jobs.)";
+
+constexpr const char* testSuiteText =
+    R"(The fourteen pairings from each board file
+named in the list (a count, then one path per
+line; paths are taken relative to the current
+directory). A board file that is refused is
+reported on stderr and skipped.)";
+
+constexpr const char* analyseText =
+    R"(Replays all moves of BOARDFILE and runs the
+search of player kind K at depth D for the side
+to move. Prints "x y value" for kinds 1 and 2,
+"x y ownScore modelScore" for kinds 3 and 4;
+"0 0" when the search leaves no point. For kinds
+3 and 4 the side to move plays K and the other
+side the other family's plain kind (3 against 2,
+4 against 1); --black and --white set the kinds
+of the two colours instead.)";
+
+constexpr const char* runText =
+    R"(The report is byte for byte what --jobs 1 writes, apart from the times: game
+lines are appended in cycle or entry order, each as soon as it and all before
+it are complete. While stderr is a terminal, progress is shown there. At the
+end tables on stdout give, for each pairing, the A family's wins, draws and
+losses, credits with their 95% Wilson interval, Elo difference and likelihood
+of superiority; and for each colour-swapped pair of pairings the pentanomial
+counts of its game pairs with Elo, normalized Elo and likelihood of
+superiority. --games-csv and --summary-json write the same per game and as
+JSON. With --sprt the run stops as soon as the test on that pair decides.
+
+Ctrl-C, SIGTERM and SIGHUP stop the run: no new cycle or entry starts, each
+thread finishes the game it is playing and leaves the rest of its cycle or
+entry unplayed. The report keeps the whole lines of the cycles or entries that finished without a
+gap before them (the lines a shorter run with the same seed would write), and
+its summary, end and used lines count just those; the tables on stdout do
+too. A second signal of the same kind ends the program at once, leaving only
+whole lines. One run at a time appends to a report: a second one waits for the
+first to finish, or with --no-wait is refused.
+
+Exit status: 0 done (an SPRT stop included), 1 an input refused (nothing
+written to the report), 2 a usage error, 128 + the signal's number when
+stopped by one (130 for Ctrl-C). A test-suite list with fewer entries than its
+count is played as far as it goes, and the run then ends with status 1.
+)";
+
+// A decimal whole number from low to high, rewritten in the plain form the
+// library converts (it would take "010" as octal and "-1" as the largest
+// unsigned value).
 template <typename T>
-std::optional<T> wholeNumber(std::string_view text, T low, T high) {
-    T value{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (text.empty() || error != std::errc{} || end != text.data() + text.size()) return {};
-    if (value < low || value > high) return {};
-    return value;
+CLI::Validator wholeNumber(T low, T high) {
+    const std::string range = "from " + std::to_string(low) + " to " + std::to_string(high);
+    return CLI::Validator(
+        [=](std::string& text) -> std::string {
+            T value{};
+            const auto [end, error] =
+                std::from_chars(text.data(), text.data() + text.size(), value);
+            if (text.empty() || error != std::errc{} || end != text.data() + text.size() ||
+                value < low || value > high)
+                return "takes a whole number " + range + ", not '" + text + "'";
+            text = std::to_string(value);
+            return {};
+        },
+        "");
 }
 
-// The options of one command line, each given once, plus the words that are
-// no option.
-struct Words {
-    std::map<std::string, std::string, std::less<>> options;
-    std::vector<std::string> positional;
-};
-
-std::optional<Words> splitWords(std::span<const std::string_view> args,
-                                std::span<const std::string_view> known, std::string& error) {
-    Words words;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        const std::string_view arg = args[i];
-        if (!arg.starts_with("--")) {
-            words.positional.emplace_back(arg);
-            continue;
-        }
-        std::string_view name = arg;
-        std::optional<std::string_view> value;
-        if (const auto eq = arg.find('='); eq != std::string_view::npos) {
-            name = arg.substr(0, eq);
-            value = arg.substr(eq + 1);
-        }
-        bool isKnown = false;
-        for (std::string_view k : known) isKnown = isKnown || k == name;
-        if (!isKnown) {
-            error = "unknown option " + std::string(name);
+// A decimal number inside low..high, or strictly inside when `open`.
+CLI::Validator realNumber(double low, double high, bool open) {
+    std::ostringstream range;
+    range << (open ? "above " : "from ") << low << (open ? " and below " : " to ") << high;
+    return CLI::Validator(
+        [=, range = range.str()](std::string& text) -> std::string {
+            double value = 0.0;
+            const auto [end, error] =
+                std::from_chars(text.data(), text.data() + text.size(), value);
+            const bool inside = open ? value > low && value < high : value >= low && value <= high;
+            if (text.empty() || error != std::errc{} || end != text.data() + text.size() ||
+                !std::isfinite(value) || !inside)
+                return "takes a number " + range + ", not '" + text + "'";
             return {};
-        }
-        if (!value) {
-            if (i + 1 >= args.size()) {
-                error = "option " + std::string(name) + " needs a value";
-                return {};
-            }
-            value = args[++i];
-        }
-        if (!words.options.emplace(std::string(name), std::string(*value)).second) {
-            error = "option " + std::string(name) + " given twice";
-            return {};
-        }
-    }
-    return words;
+        },
+        "");
 }
 
-class OptionReader {
+constexpr const char* analyseFooter =
+    "Exit status: 0 done, 1 the board file refused, 2 a usage error.\n";
+
+// The library's layout with a blank line between a command's description and
+// its usage line.
+class HelpLayout : public CLI::Formatter {
   public:
-    explicit OptionReader(const Words& words) : words_(words) {}
-
-    const std::string* find(std::string_view name) const {
-        const auto it = words_.options.find(name);
-        return it == words_.options.end() ? nullptr : &it->second;
+    std::string make_description(const CLI::App* app) const override {
+        return CLI::Formatter::make_description(app) + "\n";
     }
-
-    template <typename T>
-    bool number(std::string_view name, T low, T high, std::optional<T>& out, std::string& error) {
-        const std::string* text = find(name);
-        if (!text) return true;
-        out = wholeNumber<T>(*text, low, high);
-        if (!out) {
-            error = "option " + std::string(name) + " takes a whole number from " +
-                    std::to_string(low) + " to " + std::to_string(high) + ", not '" + *text + "'";
-            return false;
-        }
-        return true;
-    }
-
-  private:
-    const Words& words_;
 };
 
-bool noPositional(const Words& words, std::string& error) {
-    if (words.positional.empty()) return true;
-    error = "unexpected argument '" + words.positional.front() + "'";
-    return false;
+// The options tournament and testsuite share. A new shared option is
+// registered here and checked in checkRunOptions.
+void addRunOptions(CLI::App& command, RunOptions& run, SprtOptions& sprt) {
+    command.add_option("--jobs", run.jobs, "games run on J threads, 1 to 256 (default: all cores)")
+        ->type_name("J")
+        ->transform(wholeNumber(1u, maxJobs));
+    command.add_option("--report", run.report, "the report file, appended to (default result.txt)")
+        ->type_name("PATH");
+    command.add_flag("!--no-wait", run.wait,
+                     "refuse to start while another run appends to the report, instead of "
+                     "waiting for it to finish");
+    command.add_option("--games-csv", run.gamesCsv, "one row per game, in report order")
+        ->type_name("PATH");
+    command
+        .add_option("--summary-json", run.summaryJson, "the tables on stdout as one JSON object")
+        ->type_name("PATH");
+    CLI::Option* pair =
+        command
+            .add_option(
+                "--sprt", sprt.pair,
+                "stop once the SPRT on colour-swapped pair PAIR,\n1 to 7 (pairings 2 PAIR - 1 "
+                "and 2 PAIR), decides")
+            ->type_name("PAIR")
+            ->transform(wholeNumber(1, pairingCount / 2));
+    const CLI::Validator elo = realNumber(-maxElo, maxElo, false);
+    CLI::Option* elo0 =
+        command.add_option("--elo0", sprt.elo0, "Elo difference of H0, -1000 to 1000")
+            ->type_name("E0")
+            ->check(elo);
+    CLI::Option* elo1 = command.add_option("--elo1", sprt.elo1, "Elo difference of H1, above E0")
+                            ->type_name("E1")
+                            ->check(elo);
+    const CLI::Validator error = realNumber(0.0, 0.5, true);
+    CLI::Option* alpha =
+        command.add_option("--alpha", sprt.alpha, "false H1 rate, below 0.5 (default 0.05)")
+            ->type_name("A")
+            ->check(error);
+    CLI::Option* beta =
+        command.add_option("--beta", sprt.beta, "false H0 rate, below 0.5 (default 0.05)")
+            ->type_name("B")
+            ->check(error);
+    pair->needs(elo0)->needs(elo1);
+    for (CLI::Option* option : {elo0, elo1, alpha, beta}) option->needs(pair);
 }
 
-std::optional<Command> tournament(std::span<const std::string_view> rest, unsigned defaultJobs,
-                                  std::string& error) {
-    constexpr std::string_view known[] = {"--cycles", "--seed", "--jobs", "--report"};
-    const auto words = splitWords(rest, known, error);
-    if (!words || !noPositional(*words, error)) return {};
-    OptionReader options(*words);
-    TournamentCommand command;
-    std::optional<int> cycles;
-    std::optional<unsigned> jobs;
-    if (!options.number("--cycles", 1, maxCycles, cycles, error) ||
-        !options.number<std::uint64_t>("--seed", 0, UINT64_MAX, command.seed, error) ||
-        !options.number("--jobs", 1u, maxJobs, jobs, error))
-        return {};
-    if (!cycles) {
-        error = "tournament needs --cycles N";
-        return {};
-    }
-    command.cycles = *cycles;
-    command.jobs = jobs.value_or(defaultJobs);
-    if (const std::string* report = options.find("--report")) command.report = *report;
-    return command;
+// Fills what the parser cannot; empty when the options fit together.
+std::string checkRunOptions(const CLI::App& command, RunOptions& run, const SprtOptions& sprt) {
+    if (command.count("--sprt") == 0) return {};
+    if (!(sprt.elo0 < sprt.elo1)) return "--elo0 must be below --elo1";
+    run.sprt = sprt;
+    return {};
 }
 
-std::optional<Command> testSuite(std::span<const std::string_view> rest, unsigned defaultJobs,
-                                 std::string& error) {
-    constexpr std::string_view known[] = {"--list", "--jobs", "--report"};
-    const auto words = splitWords(rest, known, error);
-    if (!words || !noPositional(*words, error)) return {};
-    OptionReader options(*words);
-    TestSuiteCommand command;
-    std::optional<unsigned> jobs;
-    if (!options.number("--jobs", 1u, maxJobs, jobs, error)) return {};
-    command.jobs = jobs.value_or(defaultJobs);
-    if (const std::string* list = options.find("--list")) command.list = *list;
-    if (const std::string* report = options.find("--report")) command.report = *report;
-    return command;
+CLI::App* addTournament(CLI::App& app, TournamentCommand& command, SprtOptions& sprt) {
+    CLI::App* sub = app.add_subcommand("tournament", tournamentText);
+    sub->add_option("--cycles", command.cycles, "the number of cycles, 1 to 32767")
+        ->type_name("N")
+        ->required()
+        ->transform(wholeNumber(1, maxCycles));
+    sub->add_option("--seed", command.seed.emplace(),
+                    "the openings' seed, 0 to 2^64-1 (default: the clock)")
+        ->type_name("S")
+        ->transform(wholeNumber<std::uint64_t>(0, UINT64_MAX));
+    addRunOptions(*sub, command.run, sprt);
+    return sub;
 }
 
-std::optional<Command> analyse(std::span<const std::string_view> rest, std::string& error) {
-    constexpr std::string_view known[] = {"--kind", "--depth", "--black", "--white"};
-    const auto words = splitWords(rest, known, error);
-    if (!words) return {};
-    if (words->positional.size() != 1) {
-        error = words->positional.empty() ? "analyse needs a board file"
-                                          : "analyse takes one board file, not " +
-                                                std::to_string(words->positional.size());
-        return {};
-    }
-    OptionReader options(*words);
-    AnalyseCommand command;
-    command.boardFile = words->positional.front();
-    std::optional<PlayerKind> kind;
-    std::optional<std::int16_t> depth;
-    if (!options.number<PlayerKind>("--kind", computerA, bKnowsA, kind, error) ||
-        !options.number<std::int16_t>("--depth", 0, maxDepth, depth, error) ||
-        !options.number<PlayerKind>("--black", userKind, bKnowsA, command.black, error) ||
-        !options.number<PlayerKind>("--white", userKind, bKnowsA, command.white, error))
-        return {};
-    if (!kind || !depth) {
-        error = "analyse needs --kind K and --depth D";
-        return {};
-    }
-    command.kind = *kind;
-    command.depth = *depth;
-    return command;
+CLI::App* addTestSuite(CLI::App& app, TestSuiteCommand& command, SprtOptions& sprt) {
+    CLI::App* sub = app.add_subcommand("testsuite", testSuiteText);
+    sub->add_option("--list", command.list, "the list of board files (default testsuit.txt)")
+        ->type_name("PATH");
+    addRunOptions(*sub, command.run, sprt);
+    return sub;
+}
+
+CLI::App* addAnalyse(CLI::App& app, AnalyseCommand& command) {
+    CLI::App* sub = app.add_subcommand("analyse", analyseText);
+    sub->footer(analyseFooter);
+    sub->add_option("BOARDFILE", command.boardFile, "the saved position")->required();
+    sub->add_option("--kind", command.kind,
+                    "1 Computer A, 2 Computer B, 3 A knowing B,\n4 B knowing A")
+        ->type_name("K")
+        ->required()
+        ->transform(wholeNumber<PlayerKind>(computerA, bKnowsA));
+    sub->add_option("--depth", command.depth, "the search depth, 0 to 8")
+        ->type_name("D")
+        ->required()
+        ->transform(wholeNumber<std::int16_t>(0, maxDepth));
+    const CLI::Validator side = wholeNumber<PlayerKind>(userKind, bKnowsA);
+    sub->add_option("--black", command.black.emplace(), "the kind black plays, 0 (a user) to 4")
+        ->type_name("K1")
+        ->transform(side);
+    sub->add_option("--white", command.white.emplace(), "the kind white plays, 0 (a user) to 4")
+        ->type_name("K2")
+        ->transform(side);
+    return sub;
+}
+
+// Drops the optional values whose options were not given.
+template <typename T>
+void keepIfGiven(const CLI::App& command, const char* name, std::optional<T>& value) {
+    if (command.count(name) == 0) value.reset();
 }
 
 }  // namespace
 
 ParsedArguments parseArguments(std::span<const std::string_view> args, unsigned defaultJobs) {
-    for (std::string_view arg : args)
-        if (arg == "--help" || arg == "-h") return {HelpRequest{}, {}};
     if (args.empty()) return {{}, "no command given"};
 
-    const std::string_view name = args.front();
-    const auto rest = args.subspan(1);
-    ParsedArguments parsed;
-    if (name == "tournament")
-        parsed.command = tournament(rest, defaultJobs, parsed.error);
-    else if (name == "testsuite")
-        parsed.command = testSuite(rest, defaultJobs, parsed.error);
-    else if (name == "analyse")
-        parsed.command = analyse(rest, parsed.error);
-    else
-        parsed.error = "unknown command '" + std::string(name) + "'";
-    return parsed;
-}
+    CLI::App app(programText, std::string(programName));
+    app.formatter(std::make_shared<HelpLayout>());
+    app.get_formatter()->column_width(24);
+    app.footer(runText);
+    app.require_subcommand(1);
 
-std::string_view helpText() {
-    return help;
+    TournamentCommand tournament;
+    TestSuiteCommand testSuite;
+    AnalyseCommand analyse;
+    tournament.run.jobs = testSuite.run.jobs = defaultJobs;
+    SprtOptions tournamentSprt, testSuiteSprt;
+    CLI::App* tournamentApp = addTournament(app, tournament, tournamentSprt);
+    CLI::App* testSuiteApp = addTestSuite(app, testSuite, testSuiteSprt);
+    CLI::App* analyseApp = addAnalyse(app, analyse);
+
+    const std::string first(args.front());
+    const auto named = [&](const CLI::App* sub) { return sub->check_name(first); };
+    const bool isCommand = !std::as_const(app).get_subcommands(named).empty();
+    // Help wins over anything else on the line, a bad value included.
+    for (std::string_view arg : args)
+        if (arg == "--help" || arg == "-h") {
+            if (!isCommand) return {HelpRequest{app.help()}, {}};
+            return {HelpRequest{app.get_subcommand(first)->help(app.get_name())}, {}};
+        }
+
+    if (!first.starts_with('-') && !isCommand) return {{}, "unknown command '" + first + "'"};
+
+    // The library takes the words last first.
+    std::vector<std::string> words(args.rbegin(), args.rend());
+    try {
+        app.parse(words);
+    } catch (const CLI::ParseError& error) {
+        return {{}, error.what()};
+    }
+
+    ParsedArguments parsed;
+    if (tournamentApp->parsed()) {
+        keepIfGiven(*tournamentApp, "--seed", tournament.seed);
+        parsed.error = checkRunOptions(*tournamentApp, tournament.run, tournamentSprt);
+        parsed.command = tournament;
+    } else if (testSuiteApp->parsed()) {
+        parsed.error = checkRunOptions(*testSuiteApp, testSuite.run, testSuiteSprt);
+        parsed.command = testSuite;
+    } else if (analyseApp->parsed()) {
+        keepIfGiven(*analyseApp, "--black", analyse.black);
+        keepIfGiven(*analyseApp, "--white", analyse.white);
+        parsed.command = analyse;
+    }
+    if (!parsed.error.empty()) parsed.command.reset();
+    return parsed;
 }
 
 }  // namespace quintline::batch

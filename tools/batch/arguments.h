@@ -15,19 +15,41 @@ namespace quintline::batch {
 
 inline constexpr std::string_view programName = "quintline-batch";
 
-struct HelpRequest {};
+// The help of the program or of one command, to be printed on stdout.
+struct HelpRequest {
+    std::string text;
+};
+
+// A sequential test on one colour-swapped pair of pairings: the run stops
+// once its log-likelihood ratio leaves the bounds set by alpha and beta.
+struct SprtOptions {
+    int pair = 1;  // 1 for pairings 1 and 2, 2 for 3 and 4, ...
+    double elo0 = 0.0;
+    double elo1 = 0.0;
+    double alpha = 0.05;
+    double beta = 0.05;
+};
+
+// What tournament and testsuite share: threads, the files written and when
+// to stop early.
+struct RunOptions {
+    unsigned jobs = 1;
+    std::string report = "result.txt";
+    std::string gamesCsv;     // none when empty
+    std::string summaryJson;  // none when empty
+    std::optional<SprtOptions> sprt;
+    bool wait = true;  // for another run that holds the report; refused with --no-wait
+};
 
 struct TournamentCommand {
     int cycles = 0;
     std::optional<std::uint64_t> seed;  // from the clock when missing
-    unsigned jobs = 1;
-    std::string report = "result.txt";
+    RunOptions run;
 };
 
 struct TestSuiteCommand {
     std::string list = "testsuit.txt";
-    unsigned jobs = 1;
-    std::string report = "result.txt";
+    RunOptions run;
 };
 
 struct AnalyseCommand {
@@ -45,6 +67,8 @@ using Command = std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, A
 inline constexpr int maxCycles = 32767;
 inline constexpr unsigned maxJobs = 256;
 inline constexpr std::int16_t maxDepth = 8;
+// Beyond this an Elo difference is a score within 0.3% of 0 or 1.
+inline constexpr double maxElo = 1000.0;
 
 struct ParsedArguments {
     std::optional<Command> command;  // empty on a usage error
@@ -53,7 +77,5 @@ struct ParsedArguments {
 
 // args excludes the program name; defaultJobs fills a missing --jobs.
 ParsedArguments parseArguments(std::span<const std::string_view> args, unsigned defaultJobs);
-
-std::string_view helpText();
 
 }  // namespace quintline::batch

@@ -23,11 +23,17 @@ std::optional<BatchJob> TournamentJobs::next() {
 }
 
 std::optional<BatchJob> TestSuiteJobs::next() {
-    std::optional<std::string> path = list_.nextEntry();
-    if (!path) return std::nullopt;
+    std::optional<ListEntry> entry = list_.nextEntry();
+    if (!entry) return std::nullopt;
     ++given_;
     BatchJob job;
-    job.boardFilePath = std::move(*path);
+    if (!entry->refusal.empty()) {
+        // The report goes on naming the entry before this one.
+        job.boardFilePath = lastPath_;
+        job.refusal = "entry " + std::to_string(given_) + " skipped: " + entry->refusal;
+        return job;
+    }
+    job.boardFilePath = lastPath_ = std::move(entry->path);
     BoardFileRead read = loadBoardFile(job.boardFilePath);
     if (read.fault == BoardFileFault::none)
         job.start = std::move(read.file);
@@ -45,8 +51,7 @@ namespace {
 
 // A job whose games are all played, or a refused entry.
 struct FinishedJob {
-    std::string boardFilePath;
-    CycleResults results{};
+    FinishedCycle cycle;
     std::string refusal;
 };
 
@@ -73,12 +78,12 @@ class BatchRun {
 
         BatchOutcome outcome = outcome_;
         const bool complete = exhausted_ && writer_.handedOn() == handedOut_;
-        outcome.stopped = !complete && !outcome.reportFailed;
+        outcome.stopped = !complete && !outcome.reportFailed && !outcome.endedEarly;
         return outcome;
     }
 
   private:
-    bool halted() const { return stop_.load() || failed_.load(); }
+    bool halted() const { return stop_.load() || failed_.load() || ended_.load(); }
 
     std::size_t gamesExpected() const {
         const std::size_t jobs = source_.expected();
@@ -115,26 +120,28 @@ class BatchRun {
         game->newGame();
         while (auto taken = take()) {
             auto& [index, job] = *taken;
+            FinishedJob finished{
+                {index + 1, job.boardFilePath, std::holds_alternative<Opening>(job.start), {}},
+                job.refusal};
             if (!job.refusal.empty()) {
                 ++refused_;
-                writer_.complete(index, FinishedJob{job.boardFilePath, {}, job.refusal});
+                writer_.complete(index, std::move(finished));
                 continue;
             }
-            std::optional<CycleResults> results = play(*game, job);
-            if (!results) {
+            if (!play(*game, job, finished.cycle.games)) {
                 writer_.cut(index);
                 break;
             }
-            writer_.complete(index, FinishedJob{job.boardFilePath, *results, {}});
+            writer_.complete(index, std::move(finished));
         }
         std::lock_guard lock(doneMutex_);
         --running_;
         doneCondition_.notify_all();
     }
 
-    // The fourteen games of a job, or nothing when the run was halted before
-    // the last of them began.
-    std::optional<CycleResults> play(Game& game, const BatchJob& job) {
+    // The fourteen games of a job; false when the run was halted before the
+    // last of them began.
+    bool play(Game& game, const BatchJob& job, std::vector<PlayedGame>& games) {
         GameState& state = game.state();
         state.boardFilePath = job.boardFilePath;
         if (std::holds_alternative<BoardFile>(job.start)) {
@@ -142,33 +149,48 @@ class BatchRun {
             state.twoUsers = flagFalse;
             state.clickAllowed = flagFalse;
         }
-        CycleResults results;
+        games.reserve(schedule.size());
         for (std::size_t n = 0; n < schedule.size(); ++n) {
-            if (halted()) return std::nullopt;
-            results[n] =
+            if (halted()) return false;
+            games.push_back(
                 std::visit([&](const auto& start) { return playPairing(game, schedule[n], start); },
-                           job.start);
+                           job.start));
             ++gamesDone_;
         }
-        return results;
+        return true;
     }
 
     // Runs under the writer's lock, in run order.
-    bool write(const FinishedJob& job) {
-        outcome_.lastPath = job.boardFilePath;
+    Handed write(const FinishedJob& job) {
+        const FinishedCycle& cycle = job.cycle;
+        outcome_.lastPath = cycle.boardFilePath;
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
-            return true;
+            return Handed::carryOn;
         }
-        if (!report_.addGameLine(job.boardFilePath, job.results)) {
+        CycleResults results;
+        for (std::size_t n = 0; n < results.size(); ++n) results[n] = cycle.games[n].group;
+        if (!report_.addGameLine(cycle.boardFilePath, results)) {
             messages_.line(reportStopped(report_.file()));
             outcome_.reportFailed = true;
             failed_ = true;
-            return false;
+            return Handed::refused;
         }
-        countCredits(outcome_.credits, job.results);
+        countCredits(outcome_.credits, results);
         ++outcome_.lines;
-        return true;
+        switch (settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn) {
+            case AfterCycle::outputFailed:
+                outcome_.reportFailed = true;
+                failed_ = true;
+                return Handed::refused;
+            case AfterCycle::stop:
+                outcome_.endedEarly = true;
+                ended_ = true;
+                return Handed::last;
+            case AfterCycle::carryOn:
+                break;
+        }
+        return Handed::carryOn;
     }
 
     JobSource& source_;
@@ -182,6 +204,7 @@ class BatchRun {
     std::size_t handedOut_ = 0;
 
     std::atomic<bool> failed_{false};
+    std::atomic<bool> ended_{false};  // afterLine ended the run
     std::atomic<std::size_t> gamesDone_{0};
     std::atomic<std::size_t> refused_{0};
 

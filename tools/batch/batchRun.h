@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "batch/messageLog.h"
 #include "boardfile/boardFileFormat.h"
@@ -65,11 +66,29 @@ class TestSuiteJobs final : public JobSource {
   private:
     TestSuiteList& list_;
     int given_ = 0;
+    std::string lastPath_;  // of the last entry whose path could be used
+};
+
+// A cycle or entry whose report line has just been written, in run order.
+struct FinishedCycle {
+    std::size_t number = 0;         // from 1 in run order, refused entries counted
+    std::string boardFilePath;      // the entry's path; empty in a tournament
+    bool tournament = true;         // false for a test-suite entry
+    std::vector<PlayedGame> games;  // one per pairing, in pairing order
+};
+
+// What the run does after a cycle's line is written.
+enum class AfterCycle {
+    carryOn,
+    stop,          // this was the last cycle: nothing after it is played or written
+    outputFailed,  // the cycle's own output could not be written: stop as for the report
 };
 
 struct BatchSettings {
     unsigned jobs = 1;
     SearchSet searches{};
+    // Called under the writer's lock for each cycle or entry whose line was written.
+    std::function<AfterCycle(const FinishedCycle&)> afterLine;
     // Called from the calling thread every progressInterval while games run,
     // and once at the end.
     std::function<void(std::size_t gamesDone, std::size_t gamesExpected)> onProgress;
@@ -81,15 +100,17 @@ struct BatchOutcome {
     CreditCounts credits{};     // A credits of exactly those lines
     std::string lastPath;       // the path of the last entry passed in order, refused ones included
     bool stopped = false;       // the stop flag cut the run short
-    bool reportFailed = false;  // a game line could not be appended; the run stopped there
+    bool reportFailed = false;  // a game line or its own output could not be written
+    bool endedEarly = false;    // afterLine asked to stop
 };
 
 // Plays every job on up to settings.jobs threads and appends one game line per
 // cycle or entry to the report, which the caller has opened and closes. A
 // refused entry gets a message on `messages` and no line, as in the program.
-// Once `stop` is set no job starts, every thread finishes the game it is
-// playing and abandons the rest of its job; the lines written are then the
-// longest run of finished jobs from the first one on.
+// Once `stop` is set, or afterLine ends the run, no job starts, every thread
+// finishes the game it is playing and abandons the rest of its job; the lines
+// written are then the longest run of finished jobs from the first one on (up
+// to the one after which afterLine stopped).
 BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& settings,
                        const std::atomic<bool>& stop, MessageLog& messages);
 

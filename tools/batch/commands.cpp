@@ -1,14 +1,17 @@
 #include "batch/commands.h"
 
+#include <functional>
 #include <string>
 
 #include "batch/analyse.h"
 #include "batch/batchRun.h"
 #include "batch/messageLog.h"
 #include "batch/progress.h"
+#include "batch/runOutputs.h"
 #include "batch/summaryTable.h"
 #include "harness/batchMessages.h"
 #include "harness/report.h"
+#include "harness/reportLock.h"
 #include "harness/testSuiteList.h"
 
 namespace quintline::batch {
@@ -35,40 +38,110 @@ BatchSettings settingsFor(unsigned jobs, const Environment& environment, const C
     return settings;
 }
 
-// The run's tail, the table of what was played and the exit status.
-int finish(const BatchOutcome& outcome, Report& report, Console console) {
+// The run's tail, the tables of what was played, the JSON summary and the
+// exit status.
+int finish(const BatchOutcome& outcome, Report& report, RunOutputs& outputs, RunFacts facts,
+           Console console) {
     if (console.progress) console.err << '\n';
-    if (outcome.reportFailed) return exitRefused;
-    if (!report.close(outcome.lastPath, outcome.credits)) {
+    bool broken = outcome.reportFailed;
+    if (!broken && !report.close(outcome.lastPath, outcome.credits)) {
         complain(console.err, reportStopped(report.file()));
-        return exitRefused;
+        broken = true;
     }
-    if (outcome.stopped)
+    if (outcome.stopped && !broken)
         complain(console.err, "stopped: " + std::to_string(outcome.lines) +
                                   " whole lines kept in " + report.file().string());
-    console.out << summaryTable(outcome.credits, outcome.lines);
-    return outcome.stopped ? exitStopped : exitDone;
+    facts.played = outcome.lines;
+    facts.stoppedBy = broken               ? StopCause::report
+                      : outcome.endedEarly ? StopCause::sprt
+                      : outcome.stopped    ? StopCause::interrupt
+                                           : StopCause::none;
+    console.out << summaryTable(outputs.tally(), outputs.sprt());
+    if (!outputs.writeSummary(facts)) {
+        complain(console.err, reportStopped(outputs.summaryPath()));
+        return exitRefused;
+    }
+    return broken ? exitRefused : outcome.stopped ? exitStopped : exitDone;
 }
 
-}  // namespace
+// Takes the report's lock, waiting for another run to let go of it unless
+// told not to; exitDone when taken.
+int lockReport(ReportLock& lock, const std::string& report, bool wait,
+               const Environment& environment, Console console) {
+    using enum ReportLock::Outcome;
+    const ReportLock::Outcome outcome =
+        wait ? lock.take(report, environment.stop,
+                         [&] {
+                             complain(console.err,
+                                      "waiting for another run to finish with " + report);
+                         })
+             : lock.tryTake(report);
+    switch (outcome) {
+        case taken:
+            return exitDone;
+        case busy:
+            complain(console.err, reportBusy(report));
+            return exitRefused;
+        case cannotOpen:
+            complain(console.err, reportNotStarted(report));
+            return exitRefused;
+        case stopped:
+            complain(console.err, "stopped while waiting: nothing written");
+            return exitStopped;
+    }
+    return exitRefused;
+}
 
-int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
-    Report report(command.report, environment.clock);
+// Opens the other outputs, takes the report's lock for the whole run, opens
+// the report, plays the jobs and finishes the run. Every refusal leaves all the
+// files as they were.
+int playAndFinish(JobSource& jobs, const RunOptions& options, RunFacts facts,
+                  Environment& environment, Console console,
+                  const std::function<void()>& beforePlay = {}) {
+    Report report(options.report, environment.clock);
+    RunOutputs outputs(options);
+    if (const auto path = outputs.prepare()) {
+        complain(console.err, reportNotStarted(*path));
+        return exitRefused;
+    }
+    ReportLock lock;
+    if (const int status = lockReport(lock, options.report, options.wait, environment, console))
+        return status;
     // A fresh session's boardFilePath: empty.
     if (!report.open({})) {
         complain(console.err, reportNotStarted(report.file()));
         return exitRefused;
     }
+    BatchOutcome outcome;
+    if (const auto path = outputs.start()) {
+        complain(console.err, reportStopped(*path));
+        outcome.reportFailed = true;
+        return finish(outcome, report, outputs, facts, console);
+    }
+    if (beforePlay) beforePlay();
+    BatchSettings settings = settingsFor(options.jobs, environment, console);
+    MessageLog messages(console.err, console.progress);
+    settings.afterLine = [&](const FinishedCycle& cycle) {
+        const AfterCycle after = outputs.afterLine(cycle);
+        if (after == AfterCycle::outputFailed) messages.line(reportStopped(outputs.failedPath()));
+        return after;
+    };
+    outcome = playBatch(jobs, report, settings, environment.stop, messages);
+    return finish(outcome, report, outputs, facts, console);
+}
+
+}  // namespace
+
+int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
     const std::uint64_t seed = command.seed.value_or(clockSeed());
-    if (!command.seed)
-        complain(console.err, "seed " + std::to_string(seed) + " (repeat with --seed " +
-                                  std::to_string(seed) + ")");
     SeededUniform uniform(seed);
     TournamentJobs jobs(command.cycles, uniform);
-    MessageLog messages(console.err, console.progress);
-    const BatchOutcome outcome = playBatch(
-        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
-    return finish(outcome, report, console);
+    const RunFacts facts{"tournament", seed, command.run.jobs, 0, StopCause::none};
+    return playAndFinish(jobs, command.run, facts, environment, console, [&] {
+        if (!command.seed)
+            complain(console.err, "seed " + std::to_string(seed) + " (repeat with --seed " +
+                                      std::to_string(seed) + ")");
+    });
 }
 
 int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console) {
@@ -78,16 +151,12 @@ int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, 
         complain(console.err, listNotStarted(fault));
         return exitRefused;
     }
-    Report report(command.report, environment.clock);
-    if (!report.open({})) {
-        complain(console.err, reportNotStarted(report.file()));
-        return exitRefused;
-    }
     TestSuiteJobs jobs(list);
-    MessageLog messages(console.err, console.progress);
-    const BatchOutcome outcome = playBatch(
-        jobs, report, settingsFor(command.jobs, environment, console), environment.stop, messages);
-    return finish(outcome, report, console);
+    const RunFacts facts{"testsuite", {}, command.run.jobs, 0, StopCause::none};
+    const int status = playAndFinish(jobs, command.run, facts, environment, console);
+    if (status != exitDone || list.shortfall().empty()) return status;
+    complain(console.err, list.shortfall());
+    return exitRefused;
 }
 
 int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console) {
@@ -111,8 +180,8 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
     struct Dispatch {
         Environment& environment;
         Console console;
-        int operator()(const HelpRequest&) const {
-            console.out << helpText();
+        int operator()(const HelpRequest& help) const {
+            console.out << help.text;
             return exitDone;
         }
         int operator()(const TournamentCommand& c) const {
@@ -125,7 +194,13 @@ int runCommandLine(std::span<const std::string_view> args, unsigned defaultJobs,
             return analyseCommand(c, environment.searches, console);
         }
     };
-    return std::visit(Dispatch{environment, console}, *parsed.command);
+    const int status = std::visit(Dispatch{environment, console}, *parsed.command);
+    // Results that never reached stdout (a full disk, a closed pipe) are a failure.
+    if (status == exitDone && !console.out.flush()) {
+        complain(console.err, "the results could not be written to stdout");
+        return exitRefused;
+    }
+    return status;
 }
 
 }  // namespace quintline::batch

@@ -17,7 +17,7 @@ enum ExitStatus : int {
     exitDone = 0,
     exitRefused = 1,
     exitUsage = 2,
-    exitStopped = 130,  // as a shell reports a program ended by SIGINT
+    exitStopped = 130,  // as a shell reports a program ended by SIGINT; main adds the signal's own
 };
 
 struct Console {
@@ -30,7 +30,7 @@ struct Console {
 // clock and cheaper searches here.
 struct Environment {
     Clock& clock;
-    const std::atomic<bool>& stop;  // set by Ctrl-C
+    const std::atomic<bool>& stop;  // set by Ctrl-C, SIGTERM or SIGHUP
     SearchSet searches{};
 };
 

@@ -12,12 +12,18 @@
 
 namespace quintline::batch {
 
+// What the sink made of an item.
+enum class Handed {
+    carryOn,
+    last,     // taken, and nothing after it is to be handed on
+    refused,  // not taken, and nothing after it is to be handed on
+};
+
 template <typename Item>
 class OrderedWriter {
   public:
     // Sees the items in index order, one at a time, under the writer's lock.
-    // Returning false ends the writing: nothing after that item is handed on.
-    using Sink = std::function<bool(std::size_t index, Item& item)>;
+    using Sink = std::function<Handed(std::size_t index, Item& item)>;
 
     explicit OrderedWriter(Sink sink) : sink_(std::move(sink)) {}
 
@@ -36,14 +42,14 @@ class OrderedWriter {
         if (index < next_ || index >= end_) return;
         pending_.insert_or_assign(index, std::move(item));
         for (auto it = pending_.find(next_); it != pending_.end(); it = pending_.find(next_)) {
-            const bool written = sink_(next_, it->second);
+            const Handed handed = sink_(next_, it->second);
             pending_.erase(it);
-            if (!written) {
+            if (handed != Handed::refused) ++next_;
+            if (handed != Handed::carryOn) {
                 end_ = next_;
                 pending_.clear();
                 return;
             }
-            ++next_;
         }
     }
 

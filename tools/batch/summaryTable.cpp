@@ -1,56 +1,69 @@
 #include "batch/summaryTable.h"
 
 #include <cstdio>
-#include <sstream>
-
-#include "batch/wilson.h"
-#include "harness/schedule.h"
 
 namespace quintline::batch {
 namespace {
 
-// One row: label, games, A credits, share and interval; "-" where no game
-// was played.
-std::string row(const std::string& label, std::size_t credits, std::size_t games) {
-    char text[160];
-    const auto interval = wilsonInterval(credits, games);
-    if (!interval) {
-        std::snprintf(text, sizeof text, "%-40s %6zu %9zu %8s  %s\n", label.c_str(), games, credits,
-                      "-", "-");
-    } else {
-        const double share = static_cast<double>(credits) / static_cast<double>(games);
-        std::snprintf(text, sizeof text, "%-40s %6zu %9zu %8.3f  %.3f..%.3f\n", label.c_str(),
-                      games, credits, share, interval->low, interval->high);
-    }
+// printf into a string; every row here is shorter than the buffer.
+template <typename... Args>
+std::string format(const char* pattern, Args... args) {
+    char text[200];
+    std::snprintf(text, sizeof text, pattern, args...);
     return text;
 }
 
-std::string heading(const char* first) {
-    char text[160];
-    std::snprintf(text, sizeof text, "%-40s %6s %9s %8s  %s\n", first, "games", "A credits",
-                  "A share", "95% Wilson interval");
-    return text;
+std::string figure(const std::optional<double>& value, const char* pattern = "%.1f",
+                   double scale = 1.0) {
+    return value ? format(pattern, *value * scale) : "-";
+}
+
+std::string percent(const std::optional<double>& value) {
+    return figure(value, "%.1f%%", 100.0);
+}
+
+std::string pairingRow(const RunTally& tally, std::size_t n) {
+    const WinDrawLoss& games = tally.games()[n];
+    const std::size_t credits = tally.credits()[n];
+    const auto interval = wilsonInterval(credits, games.games());
+    const GameFigures f = gameFigures(games);
+    const std::string label = std::to_string(n + 1) + ' ' + std::string(tally.pairings()[n].label);
+    const std::string share =
+        interval ? format("%.3f", static_cast<double>(credits) / static_cast<double>(games.games()))
+                 : "-";
+    const std::string wilson = interval ? format("%.3f..%.3f", interval->low, interval->high) : "-";
+    return format("%-20s %5zu %9zu %7s  %-12s %5zu %5zu %6zu %7s %6s %6s\n", label.c_str(),
+                  games.games(), credits, share.c_str(), wilson.c_str(), games.wins, games.draws,
+                  games.losses, figure(f.elo).c_str(), figure(f.eloError).c_str(),
+                  percent(f.los).c_str());
+}
+
+std::string pairRow(const RunTally& tally, std::size_t p) {
+    const SwappedPair& pair = tally.pairs()[p];
+    const Pentanomial& counts = tally.pentanomial(p);
+    const PairFigures f = pairFigures(counts, tally.drawnGames(p));
+    const std::string label = std::to_string(pair.first + 1) + '-' +
+                              std::to_string(pair.second + 1) + ' ' +
+                              std::string(tally.pairings()[pair.first].label);
+    const std::size_t pairs = counts[0] + counts[1] + counts[2] + counts[3] + counts[4];
+    return format("%-20s %5zu %8s %6s %7s %6s %6s  %zu %zu %zu %zu %zu\n", label.c_str(), pairs,
+                  figure(f.elo).c_str(), figure(f.eloError).c_str(), figure(f.nElo).c_str(),
+                  figure(f.nEloError).c_str(), percent(f.los).c_str(), counts[0], counts[1],
+                  counts[2], counts[3], counts[4]);
 }
 
 }  // namespace
 
-std::string summaryTable(const CreditCounts& credits, std::size_t games) {
-    std::string table = heading("pairing");
-    for (std::size_t n = 0; n < schedule.size(); ++n) {
-        std::ostringstream label;
-        label << n + 1 << ' ' << schedule[n].label;
-        table += row(label.str(), static_cast<std::size_t>(credits[n]), games);
-    }
+std::string summaryTable(const RunTally& tally, const std::optional<SprtStatus>& sprt) {
+    std::string table =
+        format("%-20s %5s %9s %7s  %-12s %5s %5s %6s %7s %6s %6s\n", "pairing", "games",
+               "A credits", "A share", "95% Wilson", "wins", "draws", "losses", "Elo", "+-", "LOS");
+    for (std::size_t n = 0; n < tally.pairings().size(); ++n) table += pairingRow(tally, n);
     table += '\n';
-    table += heading("colours swapped");
-    for (std::size_t n = 0; n + 1 < schedule.size(); n += 2) {
-        std::ostringstream label;
-        label << n + 1 << '-' << n + 2 << ' ' << schedule[n].label << " / "
-              << schedule[n + 1].label;
-        const std::size_t both =
-            static_cast<std::size_t>(credits[n]) + static_cast<std::size_t>(credits[n + 1]);
-        table += row(label.str(), both, 2 * games);
-    }
+    table += format("%-20s %5s %8s %6s %7s %6s %6s  %s\n", "colours swapped", "pairs", "Elo", "+-",
+                    "nElo", "+-", "LOS", "Ptnml(0-2)");
+    for (std::size_t p = 0; p < tally.pairs().size(); ++p) table += pairRow(tally, p);
+    if (sprt) table += '\n' + sprtLine(*sprt);
     return table;
 }
 

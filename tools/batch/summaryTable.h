@@ -1,16 +1,16 @@
 #pragma once
-// The table printed on stdout at the end of a batch: the A family's share of
-// each pairing and of each colour-swapped pair of pairings.
+// The tables printed on stdout at the end of a batch, within 100 columns: one
+// row per pairing, one per colour-swapped pair of pairings, then the SPRT
+// line when a test was run. Figures that are undefined read "-".
 
-#include <cstddef>
+#include <optional>
 #include <string>
 
-#include "harness/credit.h"
+#include "batch/runTally.h"
+#include "batch/sequentialTest.h"
 
 namespace quintline::batch {
 
-// `games` is the number of cycles or entries played, so each pairing has that
-// many games and each pair twice as many.
-std::string summaryTable(const CreditCounts& credits, std::size_t games);
+std::string summaryTable(const RunTally& tally, const std::optional<SprtStatus>& sprt = {});
 
 }  // namespace quintline::batch

@@ -1,0 +1,357 @@
+// Replays the game-control scenarios of this directory. A scenario is a list of
+// steps, several to a line when joined by " ; "; under each line, indented, stand
+// the requests its steps made to the windows and what they printed. The runner
+// replays the steps and writes that text anew, and the test passes when it is the
+// file. With QUINTLINE_UPDATE_SCENARIOS set it writes the text back, for review.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <regex>
+
+#include "boardfile/boardFile.h"
+#include "game/settings.h"
+#include "game/suggestionDepth.h"
+#include "harness/fakes.h"
+#include "harness/reportLock.h"
+#include "harness/testSuite.h"
+#include "harness/tournament.h"
+#include "support/recordingToolkit.h"
+#include "support/scratchDirectory.h"
+#include "support/scriptedSearches.h"
+
+namespace quintline::testing {
+namespace {
+
+using Words = std::vector<std::string>;
+
+// Blank-separated words; double quotes keep blanks in a word ("" is an empty word).
+Words split(const std::string& line) {
+    Words words;
+    bool inWord = false, quoted = false;
+    for (const char ch : line) {
+        if (ch == ' ' && !quoted) {
+            inWord = false;
+            continue;
+        }
+        if (!inWord) words.emplace_back(), inWord = true;
+        if (ch == '"')
+            quoted = !quoted;
+        else
+            words.back() += ch;
+    }
+    return words;
+}
+
+Point point(const std::string& text) {  // "x,y"
+    Point p;
+    std::sscanf(text.c_str(), "%hd,%hd", &p.x, &p.y);
+    return p;
+}
+
+std::string text(Point p) {
+    return std::to_string(p.x) + "," + std::to_string(p.y);
+}
+
+// Searches that choose a fixed point and score, moving stepNum as real searches do.
+template <Score score, std::int16_t x, std::int16_t y>
+Score fixedPlain(SearchState& s, std::int16_t step, std::int16_t) {
+    s.bestX[step] = x;
+    s.bestY[step] = y;
+    s.stepNum = static_cast<std::int16_t>(step + 7);
+    return score;
+}
+template <Score score, std::int16_t x, std::int16_t y>
+nodeScores fixedModel(SearchState& s, std::int16_t step, std::int16_t depth) {
+    return {0, fixedPlain<score, x, y>(s, step, depth), -1};
+}
+
+const std::map<std::string, SearchSet> searchSets{
+    {"real", {}},
+    {"scripted", scriptedSearches()},
+    // A at the win score, B on the centre stone, A-knows-B at minus the win score,
+    // B-knows-A off the board.
+    {"fixed",
+     {&fixedPlain<winScore, 9, 9>, &fixedPlain<0, 8, 8>, &fixedModel<-winScore, 9, 9>,
+      &fixedModel<0, 16, 3>}}};
+
+// A full board without a five, in playing order from black's (8, 8): black where
+// (x + 2y) / 4 is even. The last stone, black's (1, 1), is the only empty point of
+// a line of four whites, so every earlier position is open.
+std::vector<Point> fullBoard() {
+    std::vector<Point> side[2], order;
+    for (std::int16_t x = 1; x <= boardSize; ++x)
+        for (std::int16_t y = 1; y <= boardSize; ++y)
+            if (Point{x, y} != Point{8, 8} && Point{x, y} != Point{1, 1})
+                side[(x + 2 * y) / 4 % 2].push_back({x, y});
+    side[0].insert(side[0].begin(), Point{8, 8});
+    side[0].push_back({1, 1});
+    for (std::size_t n = 0; n < side[0].size(); ++n) {
+        order.push_back(side[0][n]);
+        if (n < side[1].size()) order.push_back(side[1][n]);
+    }
+    return order;
+}
+
+class Runner {
+  public:
+    std::string run(std::istream& in) {
+        std::string line, all;
+        while (std::getline(in, line)) {
+            if (line.starts_with("  ")) continue;  // what the steps wrote last time
+            std::string steps;
+            for (std::size_t from = 0, to = 0; from < line.size() && line[0] != '#';
+                 from = to + 3) {
+                to = std::min(line.find(" ; ", from), line.size());
+                steps += (from ? " ; " : "") + step(line.substr(from, to - from));
+                flush();
+            }
+            all += (line.empty() || line[0] == '#' ? line : steps) + "\n";
+            for (const std::string& l : out_) all += "  " + l + "\n";
+            out_.clear();
+        }
+        return all;
+    }
+
+  private:
+    GameState& s() { return game_->state(); }
+
+    // Moves the requests recorded so far to the output, less those hidden.
+    void flush() {
+        for (const std::string& l : toolkit_.lines) {
+            if (std::none_of(hide_.begin(), hide_.end(), [&](auto& p) { return l.starts_with(p); }))
+                out_.push_back(l);
+            const Words c = split(l);  // the last caption of each control, for `shown`
+            if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
+        }
+        toolkit_.forget();
+    }
+    void print(const std::string& l) {
+        flush();
+        out_.push_back(l);
+    }
+
+    // The named value of the game state as text, set from `value` first if given.
+    std::string field(const std::string& name, const std::string* value) {
+        static const std::map<std::string, std::int16_t GameState::*> numbers{
+            {"stepNum", &GameState::stepNum},       {"ahead", &GameState::movesAhead},
+            {"result", &GameState::gameResult},     {"click", &GameState::clickAllowed},
+            {"user", &GameState::userColour},       {"twoUsers", &GameState::twoUsers},
+            {"computer", &GameState::computerKind}, {"computerColour", &GameState::computerColour},
+            {"depthA", &GameState::depthA},         {"depthB", &GameState::depthB},
+            {"cellSize", &GameState::cellSize},     {"suggestion", &GameState::suggestionOn},
+            {"blackSide", &GameState::blackSide},   {"whiteSide", &GameState::whiteSide}};
+        if (name == "path") {
+            if (value) s().boardFilePath = *value;
+            return '"' + s().boardFilePath + '"';
+        }
+        const auto index = [&](std::size_t prefix) { return std::stoul(name.substr(prefix)); };
+        if (name.starts_with("record")) {  // record<N>=colour,x,y
+            MoveRecordEntry& m = s().moveRecord.at(index(6));
+            if (value) std::sscanf(value->c_str(), "%hd,%hd,%hd", &m.colour, &m.x, &m.y);
+            return std::to_string(m.colour) + "," + text(Point{m.x, m.y});
+        }
+        if (name.starts_with("best")) {  // best<N>=x,y: the point chosen at N stones
+            const std::size_t n = index(4);
+            if (value) s().bestX.at(n) = point(*value).x, s().bestY.at(n) = point(*value).y;
+            return text(Point{s().bestX.at(n), s().bestY.at(n)});
+        }
+        if (name.starts_with("at")) {  // at<x>,<y>: the board point
+            const Point p = point(name.substr(2));
+            return std::to_string(s().position.board[p.x][p.y]);
+        }
+        std::int16_t& number = s().*numbers.at(name);
+        if (value) number = std::int16_t(std::stoi(*value));
+        return std::to_string(number);
+    }
+
+    // Runs one step and gives it back as it should read.
+    std::string step(std::string line) {
+        const Words w = split(line);
+        const std::string& c = w.at(0);
+        const auto arg = [&](std::size_t i) { return std::int16_t(std::stoi(w.at(i))); };
+        if (c == "game") {  // game <searches> [black]: as the main window opens one
+            game_.emplace(toolkit_, searchSets.at(w.at(1)));
+            game_->startSession();
+            s().userColour = w.size() > 2 ? black : white;
+            game_->newGame();
+            toolkit_.forget();
+        } else if (c == "start") {  // start [<board width> <depth box 0> <depth box 1>]
+            if (w.size() > 3) toolkit_.width = std::stod(w[1]);
+            if (w.size() > 3) toolkit_.depthTexts[0] = w[2], toolkit_.depthTexts[1] = w[3];
+            game_->startSession();
+        } else if (c == "new") {
+            game_->newGame();
+        } else if (c == "set" || c == "state") {
+            line = c;
+            for (std::size_t i = 1; i < w.size(); ++i) {
+                const std::size_t eq = w[i].find('=');
+                const std::string name = w[i].substr(0, eq), value = w[i].substr(eq + 1);
+                line += " " + name + "=" + field(name, c == "set" ? &value : nullptr);
+            }
+        } else if (c == "lay") {  // lay full <stones> | lay x,y ...: colours alternating
+            std::vector<Point> order;
+            if (w.at(1) == "full") order = fullBoard(), order.resize(std::stoul(w.at(2)));
+            if (w[1] == "full") order.erase(order.begin(), order.begin() + s().stepNum);
+            for (std::size_t i = 1; i < w.size() && w[1] != "full"; ++i)
+                order.push_back(point(w[i]));
+            for (const Point p : order)
+                game_->Putchess(p.x, p.y, sideToMove(std::int16_t(s().stepNum + 1)));
+            toolkit_.forget();
+        } else if (c == "click") {  // click x,y ...: the middle of each cell
+            for (std::size_t i = 1; i < w.size(); ++i)
+                game_->boardMouseDown((point(w[i]).x - 0.5f) * s().cellSize,
+                                      (point(w[i]).y - 0.5f) * s().cellSize);
+        } else if (c == "mouse") {  // mouse X Y: in twips
+            game_->boardMouseDown(std::stof(w.at(1)), std::stof(w.at(2)));
+        } else if (c == "back" || c == "forward" || c == "back-end" || c == "forward-end") {
+            void (Game::*const buttons[])() = {&Game::cmdBackClick, &Game::cmdForwClick,
+                                               &Game::backwardEndClick, &Game::cmdForwardEndClick};
+            const Words names{"back", "forward", "back-end", "forward-end"};
+            ((*game_).*buttons[std::find(names.begin(), names.end(), c) - names.begin()])();
+        } else if (c == "suggest") {
+            game_->toggleSuggestion();
+        } else if (c == "show-suggestion") {
+            game_->showSuggestion();
+        } else if (c == "computer-game") {
+            game_->computerGame();
+        } else if (c == "move") {  // move <player kind>
+            game_->computerMove(arg(1));
+        } else if (c == "settings") {  // settings <black> <white> <box 0> <box 1> [<option>]
+            const Words options{"", "A-knows-B", "B-knows-A"};
+            const auto option = std::find(options.begin(), options.end(), w.size() > 5 ? w[5] : "");
+            const SettingsValues v{
+                w.at(1), w.at(2), {w.at(3), w.at(4)}, Situation(option - options.begin())};
+            if (!acceptSettings(*game_, v, [&] { print("closed at " + field("stepNum", {})); }))
+                print("refused");
+        } else if (c == "fill") {
+            SettingsValues v{"-", "-", {"", ""}, Situation::aKnowsB};
+            fillSettings(*game_, v);
+            print("rows " + v.blackRow + " / " + v.whiteRow + ", option " +
+                  std::to_string(int(v.situation)) + ", boxes \"" + v.depthBox[0] + "\"");
+        } else if (c == "depths") {  // what each text gives as a depth, "-" for none
+            std::string out = "gives";
+            for (std::size_t i = 1; i < w.size(); ++i) {
+                const auto depth = depthFromText(w[i]);
+                out += " " + (depth ? std::to_string(*depth) : "-");
+            }
+            print(out);
+        } else if (c == "suggestion-depths") {  // stone count: depth, where it changes
+            std::string out = "from";
+            for (int n = 0; n <= maxStones; ++n) {
+                const int d = suggestionDepth(std::int16_t(n));
+                if (n == 0 || d != suggestionDepth(std::int16_t(n - 1)))
+                    out += " " + std::to_string(n) + ":" + std::to_string(d);
+            }
+            print(out);
+        } else if (c == "answer") {  // answer cancel: for the next message box
+            toolkit_.answers.push_back(MessageAnswer::cancel);
+        } else if (c == "save" || c == "read") {
+            s().boardFilePath = w.at(1);
+            c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
+        } else if (c == "write") {  // write <file> <text>: \r, \n and \q for CR, LF and "
+            std::string bytes = w.at(2);
+            for (const auto& [from, to] : {std::pair("\\r", "\r"), {"\\n", "\n"}, {"\\q", "\""}})
+                for (std::size_t at; (at = bytes.find(from)) != std::string::npos;)
+                    bytes.replace(at, 2, to);
+            writeBytes(w[1], bytes);
+        } else if (c == "mkdir" || c == "remove") {
+            c == "mkdir" ? std::filesystem::create_directory(w.at(1))
+                         : std::filesystem::remove(w.at(1));
+        } else if (c == "lock") {  // lock <report>: as another run holds it; unlock ends that
+            otherRun_.emplace();
+            line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";
+        } else if (c == "unlock") {
+            otherRun_.reset();
+        } else if (c == "cat") {  // cat <file> [masked]: its lines, which must end in CR LF
+            std::istringstream bytes(readBytes(w.at(1)));
+            if (!std::filesystem::exists(w[1])) print("(no such file)");
+            for (std::string l; std::getline(bytes, l);) {
+                if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9][0-9.]*"), "#");
+                print(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1) : "|" + l + " <no CR>");
+            }
+        } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
+            const bool same = w.size() > 2 ? readBytes(w[1]) == readBytes(w[2])
+                                           : std::memcmp(&snapshots_.at(w.at(1)), &s().position,
+                                                         sizeof(Position)) == 0;
+            line += same ? "" : " (differs)";
+        } else if (c == "snap") {
+            snapshots_[w.at(1)] = s().position;
+        } else if (c == "uniform") {  // the numbers the openings are drawn from
+            std::deque<double> numbers;
+            for (std::size_t i = 1; i < w.size(); ++i) numbers.push_back(std::stod(w[i]));
+            uniform_ = ScriptedUniform(numbers);
+        } else if (c == "clock") {  // clock <time> <seconds since midnight> ...
+            std::deque<std::string> times;
+            std::deque<float> readings;
+            for (std::size_t i = 1; i + 1 < w.size(); i += 2)
+                times.push_back(w[i]), readings.push_back(std::stof(w[i + 1]));
+            clock_ = ScriptedClock(times, readings);
+        } else if (c == "tournament") {  // tournament <cycles> [menu]
+            s().cycleCount = arg(1);
+            if (w.size() > 2) {
+                runTournament(*game_);
+            } else {
+                runTournament(*game_, uniform_, clock_, "result.txt");
+                print("numbers drawn " + std::to_string(uniform_.drawn()));
+            }
+        } else if (c == "suite") {  // suite <list> | suite menu
+            w.at(1) == "menu" ? runTestSuite(*game_)
+                              : runTestSuite(*game_, clock_, w[1], "result.txt");
+        } else if (c == "shown") {  // the last caption of each control named
+            for (std::size_t i = 1; i < w.size(); ++i) print(w[i] + "=" + captions_[w[i]]);
+        } else if (c == "hide") {  // hide <prefix>, ...: requests left out from here on; * all
+            hide_.clear();
+            std::istringstream list(line.substr(4));
+            for (std::string prefix; std::getline(list >> std::ws, prefix, ',');)
+                hide_.push_back(prefix == "*" ? "" : prefix);
+        } else {
+            ADD_FAILURE() << "unknown step: " << line;
+        }
+        return line;
+    }
+
+    RecordingToolkit toolkit_;
+    std::optional<Game> game_;
+    Words hide_, out_;
+    std::map<std::string, std::string> captions_;
+    std::map<std::string, Position> snapshots_{{"empty", Position{}}};
+    std::optional<ReportLock> otherRun_;
+    ScriptedUniform uniform_{{}};
+    ScriptedClock clock_{{}, {}};
+};
+
+const std::filesystem::path scenarioDir = QUINTLINE_SCENARIO_DIR;
+
+std::vector<std::string> scenarioNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(scenarioDir))
+        if (entry.path().extension() == ".txt") names.push_back(entry.path().stem().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+class Scenario : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(Scenario, ReplaysAsWritten) {
+    const std::filesystem::path file = scenarioDir / (GetParam() + ".txt");
+    const std::string expected = readBytes(file);
+    std::istringstream in(expected);
+    std::string actual;
+    {
+        ScratchDirectory dir(true);  // the files the steps name live here
+        actual = Runner().run(in);
+    }
+    if (std::getenv("QUINTLINE_UPDATE_SCENARIOS")) writeBytes(file, actual);
+    EXPECT_EQ(expected, actual);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, Scenario, ::testing::ValuesIn(scenarioNames()),
+                         [](const auto& info) { return info.param; });
+
+}  // namespace
+}  // namespace quintline::testing
