@@ -43,7 +43,7 @@ nodeScores literalOpponentModel(SearchState& s, std::int16_t step, std::int16_t 
     s.stepNum = step;
     const Score own = ownEval(s.position, s.stepNum, depth);
     const Score mod = modelEval(s.position, s.stepNum, depth);
-    if (depth == 0 || step == 225 || (atLeastAWin(own) && atLeastAWin(mod)))
+    if (depth == 0 || step == maxStones || (atLeastAWin(own) && atLeastAWin(mod)))
         return {0, scaled(depth, own), scaled(depth, mod)};
 
     // Who moves, and who of the two is the modeller; nothing found yet.
@@ -52,13 +52,13 @@ nodeScores literalOpponentModel(SearchState& s, std::int16_t step, std::int16_t 
     const bool modellerWaits = (side == black ? s.whiteSide : s.blackSide) == modeller;
     bool ownDone = false;
     bool modelDone = false;
-    Score bestOwn = side == black ? -2147483647 : 2147483647;
+    Score bestOwn = side == black ? -scoreInfinity : scoreInfinity;
     Score bestModel = bestOwn;
     auto better = [side](Score a, Score b) { return side == black ? a > b : a < b; };
 
     // Every empty point beside a stone, in scan order; the first of equal scores stays.
-    for (std::int16_t x = 1; x <= 15; ++x)
-        for (std::int16_t y = 1; y <= 15; ++y) {
+    for (std::int16_t x = 1; x <= boardSize; ++x)
+        for (std::int16_t y = 1; y <= boardSize; ++y) {
             if (s.position.nearCount[x][y] < 1 || s.position.board[x][y] != 0) continue;
             placeStone(s.position, x, y, side);
             const nodeScores child = literalOpponentModel<ownEval, modelEval, modeller>(

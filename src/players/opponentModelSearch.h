@@ -154,10 +154,10 @@ struct OpponentModel {
     }
 
     // Both scores of the root's child at p, from the root mover's view; only the
-    // model score once `ownDone`, and that only where it beats `bestModel`.
+    // model score once `ownDone`, and that only where it is above `modelLower`.
     template <NodeKind kind>
     static Scores rootChild(SearchState& s, Point p, Side side, std::int16_t step,
-                            std::int16_t depth, bool ownDone, Score bestModel) {
+                            std::int16_t depth, bool ownDone, Score modelLower) {
         Position& pos = s.position;
         if constexpr (kind == NodeKind::frontier) {
             s.nodesSearched += 1;
@@ -171,7 +171,7 @@ struct OpponentModel {
                 return {-child.own, -child.model};
             }
             return {0, -windowValue<Rules>(s, oneMore(step), oneLess(depth), -scoreInfinity,
-                                           -bestModel)};
+                                           -modelLower)};
         }
     }
 
@@ -196,7 +196,8 @@ struct OpponentModel {
         for (int i = 0; i < list.count && !(ownDone && modelDone); ++i) {
             const Point p = list.points[i];
             last = i;
-            const Scores child = rootChild<kind>(s, p, side, step, depth, ownDone, bestModel);
+            const Score modelLower = childLowerBound(bestModel, Ties::keepFirst, stop);
+            const Scores child = rootChild<kind>(s, p, side, step, depth, ownDone, modelLower);
             if (!ownDone && child.own > bestOwn) {
                 bestOwn = child.own;
                 s.bestX[step] = p.x;

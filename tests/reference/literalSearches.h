@@ -18,13 +18,13 @@ Score plain(SearchState& s, std::int16_t step, std::int16_t depth) {
     // Score the node; a win, the horizon or a full board make it a leaf.
     s.stepNum = step;
     const Score score = eval(s.position, s.stepNum, depth);
-    if (atLeastAWin(score) || depth == 0 || step == 225) return scaled(depth, score);
+    if (atLeastAWin(score) || depth == 0 || step == maxStones) return scaled(depth, score);
     const Side side = (step / 2) * 2 == step ? black : white;
-    Score best = -2147483647;
+    Score best = -scoreInfinity;
     // Every empty point beside a stone, in scan order; the last of equal values
     // is chosen, and the first reaching the stop rule ends the scan.
-    for (std::int16_t x = 1; x <= 15; ++x)
-        for (std::int16_t y = 1; y <= 15; ++y) {
+    for (std::int16_t x = 1; x <= boardSize; ++x)
+        for (std::int16_t y = 1; y <= boardSize; ++y) {
             if (s.position.nearCount[x][y] < 1 || s.position.board[x][y] != 0) continue;
             placeStone(s.position, x, y, side);
             const Score v = side * plain<eval>(s, static_cast<std::int16_t>(step + 1),
