@@ -10,19 +10,25 @@
 
 #include "players/plainSearch.h"
 #include "reference/literalSearches.h"
+#include "support/randomBoards.h"
 
 namespace quintline {
 namespace {
 
+// Windows from the probes: `trials` drawn from the first ten, or every one
+// when `trials` is 0.
 template <class Eval, Evaluator eval>
-void expectContract(const SearchState& start, std::int16_t depth, std::mt19937& rng) {
+void expectContract(const SearchState& start, std::int16_t depth, std::mt19937& rng,
+                    int trials = 12) {
     SearchState exact = start;
     const std::int16_t step = start.stepNum;
     const Score value = search::moverAt(step) * reference::plain<eval>(exact, step, depth);
-    const Score probes[] = {-scoreInfinity, value - 1000,  value - 1, value,    value + 1,
-                            value + 1000,   sureScore - 1, sureScore, winScore, scoreInfinity};
-    for (int trial = 0; trial < 12; ++trial) {
-        const Score alpha = probes[rng() % 10], beta = probes[rng() % 10];
+    const Score probes[] = {-scoreInfinity, value - 1000,  value - 1,     value,
+                            value + 1,      value + 1000,  sureScore - 1, sureScore,
+                            winScore,       scoreInfinity, sureScore + 1, winScore + 1};
+    for (int trial = 0; trial < (trials ? trials : 144); ++trial) {
+        const Score alpha = probes[trials ? rng() % 10 : trial / 12],
+                    beta = probes[trials ? rng() % 10 : trial % 12];
         if (alpha >= beta) continue;
         SearchState s = start;
         Point killer{static_cast<std::int16_t>(1 + rng() % 15),
@@ -60,6 +66,16 @@ TEST(WindowValue, KeepsItsContractAgainstTheLiteralValue) {
             expectContract<EvaluatorA, evalA>(s, depth, rng);
             expectContract<EvaluatorB, evalB>(s, depth, rng);
         }
+    }
+}
+
+// Boards whose leaves two plies down land exactly on the stop thresholds, with
+// every window, bounds one past the thresholds included.
+TEST(WindowValue, KeepsItsContractOnTheThresholdBoards) {
+    std::mt19937 rng(7);
+    for (const SearchState& s : testing::boards::onThresholds()) {
+        expectContract<EvaluatorA, evalA>(s, 2, rng, 0);
+        expectContract<EvaluatorB, evalB>(s, 2, rng, 0);
     }
 }
 

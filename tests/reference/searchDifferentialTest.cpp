@@ -21,9 +21,12 @@
 #include "players/candidates.h"
 #include "reference/literalSearches.h"
 #include "support/gameRecords.h"
+#include "support/randomBoards.h"
 
 namespace quintline {
 namespace {
+
+using namespace testing::boards;
 
 int scaled(int count) {
 #ifdef NDEBUG
@@ -33,65 +36,6 @@ int scaled(int count) {
 #endif
     if (const char* text = std::getenv("QUINTLINE_DIFF_SCALE")) scale = std::atof(text);
     return std::max(1, static_cast<int>(count * scale));
-}
-
-using Samples = std::vector<SearchState>;
-
-std::int16_t pick(std::mt19937& rng, int low, int size) {
-    return static_cast<std::int16_t>(low + static_cast<int>(rng() % static_cast<unsigned>(size)));
-}
-
-// Positions of 1 to `most` stones, colours alternating, inside the centre
-// square of side `box`, each stone beside an earlier one unless `scattered`.
-Samples randomPositions(int count, std::uint32_t seed, int most, int box, bool scattered = false) {
-    std::mt19937 rng(seed);
-    Samples samples(static_cast<std::size_t>(count));
-    for (SearchState& s : samples) {
-        const int stones = 1 + pick(rng, 0, most);
-        for (s.stepNum = 0; s.stepNum < stones; ++s.stepNum) {
-            std::int16_t x, y;
-            do {
-                x = pick(rng, 8 - box / 2, box);
-                y = pick(rng, 8 - box / 2, box);
-            } while (s.position.board[x][y] != empty ||
-                     (s.stepNum > 0 && !scattered && s.position.nearCount[x][y] == 0));
-            placeStone(s.position, x, y, s.stepNum % 2 == 0 ? black : white);
-        }
-    }
-    return samples;
-}
-
-// 20 to 119 stones anywhere, a fifth to four fifths of them black: the side
-// with more lines can be far ahead while the other holds fours.
-SearchState lopsided(std::uint32_t seed) {
-    std::mt19937 rng(seed);
-    SearchState s;
-    const int stones = 20 + static_cast<int>(rng() % 100);
-    const unsigned blackShare = 20 + rng() % 60;  // percent
-    for (int n = 0; n < stones; ++n) {
-        std::int16_t x, y;
-        do {
-            x = pick(rng, 1, 15);
-            y = pick(rng, 1, 15);
-        } while (s.position.board[x][y] != empty);
-        placeStone(s.position, x, y, rng() % 100 < blackShare ? black : white);
-    }
-    s.stepNum = static_cast<std::int16_t>(stones + rng() % 2);
-    return s;
-}
-
-// Lopsided boards with a leaf two plies down scoring exactly sureScore or
-// winScore, for either colour and either evaluator; then boards where a side
-// that is to lose to a five has fives of several values against it, one of
-// them exactly winScore; last, boards where the root's mover has a child
-// scoring exactly its stop threshold.
-Samples onThresholds() {
-    const std::uint32_t seeds[] = {12,   62,   144,    175,     189,     363,     398,    436, 573,
-                                   744,  810,  970,    1120,    1216,    1503,    1802,   102, 190,
-                                   1544, 9625, 278101, 3010215, 3127819, 3207719, 3309925};
-    Samples samples;
-    for (std::uint32_t seed : seeds) samples.push_back(lopsided(seed));
-    return samples;
 }
 
 // Prefixes of real games, from a few moves to the finished game (a five on the board).
@@ -159,6 +103,7 @@ void compareAll(PlayerKind kind, std::uint32_t seed) {
         {randomPositions(scaled(150), seed + 3, 16, 9), 3, 3},
         {gamePositions(scaled(60), seed + 4), 3, 3},
         {outweighedFives(scaled(16), seed + 5), 1, 3},
+        {{fiveFacingBlock(91), fiveFacingBlock(3026), fiveFacingBlock(3271)}, 4, 4},
         {onThresholds(), 1, 2},
         // Compact clusters keep the literal depth-4 trees small and often hold
         // threes and fours, where the last line of play can end early.
