@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "game/game.h"
+#include "game/seatedSearch.h"
 #include "game/silentToolkit.h"
 #include "harness/opening.h"
 #include "harness/pairingGame.h"
@@ -51,7 +52,7 @@ double secondsFor(const SearchSet& set, PlayerKind kind, std::int16_t depth, std
     const auto start = std::chrono::steady_clock::now();
     for (const SearchState& position : benchPositions()) {
         SearchState s = position;
-        seatAgainstOpponent(s, kind);
+        seatSides(s, kind);
         benchmark::DoNotOptimize(set.run(kind, s, depth));
         if (nodes) *nodes += s.nodesSearched;
     }
@@ -109,7 +110,7 @@ double cyclesWith(const SearchSet& searches) {
     SeededUniform uniform(1234);
     const auto start = std::chrono::steady_clock::now();
     for (int cycle = 0; cycle < 4; ++cycle)
-        benchmark::DoNotOptimize(playCycle(game, drawOpening(uniform)));
+        benchmark::DoNotOptimize(playCycle(game, Schedule::fixed(), drawOpening(uniform)));
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
@@ -138,7 +139,7 @@ int printSignature() {
         std::uint64_t kindNodes = 0;
         for (const SearchState& position : signaturePositions()) {
             SearchState s = position;
-            seatAgainstOpponent(s, kind);
+            seatSides(s, kind);
             const std::int16_t step = s.stepNum;
             const nodeScores scores = SearchSet{}.run(kind, s, 3).value();
             kindNodes += s.nodesSearched;

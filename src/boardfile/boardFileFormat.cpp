@@ -1,12 +1,21 @@
 #include "boardfile/boardFileFormat.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <array>
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <random>
+#include <regex>
 #include <sstream>
 
 #include "boardfile/fieldReader.h"
 #include "boardfile/numberForm.h"
+#include "harness/wholeAppend.h"
 
 namespace quintline {
 namespace {
@@ -85,20 +94,29 @@ std::string pointText(int x, int y) {
 
 }  // namespace
 
+BoardFile savedBoard(const GameState& state) {
+    BoardFile file;
+    file.moves.assign(state.moveRecord.begin() + 1, state.moveRecord.begin() + 1 + state.stepNum);
+    file.userColour = state.userColour;
+    return file;
+}
+
 std::string formatBoardFile(const GameState& state) {
+    return formatBoardFile(savedBoard(state));
+}
+
+std::string formatBoardFile(const BoardFile& file) {
     std::string out;
     putLine(out, "Grid Size");
     putLine(out, numberForm(fileGridSize));
     putLine(out, "Piece number");
     putLine(out, numberForm(filePieceNumber));
     putLine(out, "Total Move");
-    putLine(out, numberForm(state.stepNum));
-    for (int i = 1; i <= state.stepNum; ++i) {
-        const MoveRecordEntry& move = state.moveRecord[static_cast<std::size_t>(i)];
+    putLine(out, numberForm(static_cast<std::int16_t>(file.moves.size())));
+    for (const MoveRecordEntry& move : file.moves)
         putLine(out, numberForm(move.colour) + ' ' + numberForm(move.x) + ' ' + numberForm(move.y));
-    }
     putLine(out, userTurnLabel);
-    putLine(out, numberForm(state.userColour));
+    putLine(out, numberForm(file.userColour));
     putLine(out, "end");
     return out;
 }
@@ -181,6 +199,71 @@ BoardFileRead loadBoardFile(const std::string& path) {
     }
     std::istringstream text(std::move(bytes));
     return parseBoardFile(text);
+}
+
+namespace {
+
+// The file a save writes: a symbolic link's target (created when missing),
+// else the path itself.
+std::filesystem::path saveTarget(const std::string& path) {
+    std::filesystem::path target = path;
+    std::error_code error;
+    // As many links as the system itself follows, against a loop.
+    for (int hop = 0; hop < 40 && std::filesystem::is_symlink(target, error); ++hop) {
+        const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+        if (error) break;
+        target = next.is_absolute() ? next : target.parent_path() / next;
+    }
+    return target;
+}
+
+// What follows a target's name in the name of its partial copy.
+constexpr const char* partialSuffix = R"(\.[0-9]+-[0-9]+\.tmp)";
+
+// A name beside `target` that no file holds yet, created with `mode`; -1 when
+// none can be made.
+int createUniqueBeside(const std::filesystem::path& target, mode_t mode, std::string& name) {
+    std::random_device random;
+    for (int attempt = 0; attempt < 16; ++attempt) {
+        name = target.string() + "." + std::to_string(getpid()) + "-" + std::to_string(random()) +
+               ".tmp";  // as partialSuffix matches
+        const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST) return fd;
+    }
+    return -1;
+}
+
+}  // namespace
+
+bool replaceFile(const std::string& path, const std::string& bytes) {
+    const std::filesystem::path target = saveTarget(path);
+    struct stat old {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists &&
+        (!S_ISREG(old.st_mode) || (old.st_mode & 0222) == 0 || ::access(target.c_str(), W_OK) != 0))
+        return false;
+    std::string partial;
+    // A new file gets the usual 0666 less the umask, as open applies it.
+    const int fd = createUniqueBeside(target, exists ? old.st_mode & 07777 : 0666, partial);
+    if (fd < 0) return false;
+    bool written = appendWhole(fd, bytes);
+    // The mode asked for at creation was cut by the umask; the old one is kept whole.
+    if (exists) written = ::fchmod(fd, old.st_mode & 07777) == 0 && written;
+    written = ::fsync(fd) == 0 && written;
+    written = ::close(fd) == 0 && written;
+    if (!written || ::rename(partial.c_str(), target.c_str()) != 0) {
+        ::unlink(partial.c_str());
+        return false;
+    }
+    return true;
+}
+
+void removeLeftoverPartials(const std::filesystem::path& folder, const std::string& targets) {
+    const std::regex partial(targets + partialSuffix);
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+        if (std::regex_match(entry.path().filename().string(), partial))
+            std::filesystem::remove(entry.path(), error);
 }
 
 std::string refusalMessage(const std::string& path, const BoardFileRead& read) {

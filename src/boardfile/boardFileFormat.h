@@ -3,6 +3,7 @@
 // into a checked temporary that touches no game until it is known to be good.
 
 #include <cstdint>
+#include <filesystem>
 #include <istream>
 #include <string>
 #include <vector>
@@ -37,8 +38,23 @@ struct BoardFileRead {
     std::string detail;  // what was wrong there
 };
 
+// The first stepNum moves of the record and userColour: what Save keeps.
+BoardFile savedBoard(const GameState& state);
+
 // The whole file for stepNum moves of the record and userColour, byte for byte.
 std::string formatBoardFile(const GameState& state);
+std::string formatBoardFile(const BoardFile& file);
+
+// Writes beside the target and renames over it, so that the target is never
+// seen half written and a failed write leaves the old file whole. The old file
+// keeps its mode; a symbolic link keeps pointing at it. Refuses (writing
+// nothing) a target that is not a regular file or that is read-only.
+bool replaceFile(const std::string& path, const std::string& bytes);
+
+// Removes from `folder` the partial copies that a process killed inside
+// replaceFile left of the files whose names match the regular expression
+// `targets`. Only for files that no other process may be replacing meanwhile.
+void removeLeftoverPartials(const std::filesystem::path& folder, const std::string& targets);
 
 // Reads and checks a whole file: the head, at most 225 moves with colours 1 or
 // -1 on distinct points of the board, and the "UserTurn" value (-1, 0 or 1).

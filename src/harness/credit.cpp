@@ -1,5 +1,7 @@
 #include "harness/credit.h"
 
+#include <cassert>
+
 namespace quintline {
 
 ResultGroup creditGame(const Pairing& pairing, GameCode result, std::int16_t stones) {
@@ -8,6 +10,7 @@ ResultGroup creditGame(const Pairing& pairing, GameCode result, std::int16_t sto
 }
 
 void countCredits(CreditCounts& counts, const CycleResults& results) {
+    assert(counts.size() == results.size());
     for (std::size_t n = 0; n < results.size(); ++n)
         if (results[n].letter == 'A') ++counts[n];
 }

@@ -24,6 +24,7 @@ PlayedGame playFromPosition(Game& game, const Pairing& pairing) {
     game.computerGame();
     played.group = creditGame(pairing, state.gameResult, state.stepNum);
     played.result = state.gameResult;
+    played.record = savedBoard(state);
     return played;
 }
 
@@ -33,10 +34,10 @@ Side colourOfStone(int k) {
 }
 
 template <typename Start>
-CycleResults playAll(Game& game, const Start& start) {
+CycleResults playAll(Game& game, const Schedule& schedule, const Start& start) {
     CycleResults results;
-    for (std::size_t n = 0; n < schedule.size(); ++n)
-        results[n] = playPairing(game, schedule[n], start).group;
+    for (const Pairing& pairing : schedule)
+        results.push_back(playPairing(game, pairing, start).group);
     return results;
 }
 
@@ -70,12 +71,12 @@ PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file
     return playFromPosition(game, pairing);
 }
 
-CycleResults playCycle(Game& game, const Opening& opening) {
-    return playAll(game, opening);
+CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening) {
+    return playAll(game, schedule, opening);
 }
 
-CycleResults playEntry(Game& game, const BoardFile& file) {
-    return playAll(game, file);
+CycleResults playEntry(Game& game, const Schedule& schedule, const BoardFile& file) {
+    return playAll(game, schedule, file);
 }
 
 }  // namespace quintline

@@ -1,6 +1,7 @@
 #pragma once
-// One pairing played from a starting position, and the fourteen of a cycle or
-// test-suite entry. Shared by the desktop runs and the headless runner.
+// One pairing played from a starting position, and the pairings of a schedule
+// for a cycle or test-suite entry. Shared by the desktop runs and the headless
+// runner.
 
 #include "boardfile/boardFileFormat.h"
 #include "game/game.h"
@@ -21,7 +22,7 @@ PlayedGame playPairing(Game& game, const Pairing& pairing, const Opening& openin
 // (stepForward runs at least once), whatever the replay's result.
 PlayedGame playPairing(Game& game, const Pairing& pairing, const BoardFile& file);
 
-CycleResults playCycle(Game& game, const Opening& opening);
-CycleResults playEntry(Game& game, const BoardFile& file);
+CycleResults playCycle(Game& game, const Schedule& schedule, const Opening& opening);
+CycleResults playEntry(Game& game, const Schedule& schedule, const BoardFile& file);
 
 }  // namespace quintline

@@ -4,9 +4,9 @@
 
 namespace quintline {
 
-bool Report::open(const std::string& boardFilePath) {
+bool Report::open(const std::string& boardFilePath, const std::string& header) {
     const std::string head =
-        startLine(boardFilePath, clock_.timeOfDay()) + headerLine(boardFilePath);
+        startLine(boardFilePath, clock_.timeOfDay()) + headerLine(boardFilePath, header);
     if (!appendToFile(file_, head)) return false;
     startReading_ = clock_.secondsSinceMidnight();
     return true;

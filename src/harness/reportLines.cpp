@@ -26,8 +26,8 @@ std::string startLine(std::string_view boardFilePath, std::string_view timeOfDay
     return line(boardFilePath, "start Time: " + std::string(timeOfDay));
 }
 
-std::string headerLine(std::string_view boardFilePath) {
-    return line(boardFilePath, headerLiteral);
+std::string headerLine(std::string_view boardFilePath, std::string_view header) {
+    return line(boardFilePath, header);
 }
 
 std::string resultGroupText(const ResultGroup& group) {

@@ -13,10 +13,10 @@ namespace quintline {
 inline constexpr std::string_view reportFileName = "result.txt";
 
 std::string startLine(std::string_view boardFilePath, std::string_view timeOfDay);
-std::string headerLine(std::string_view boardFilePath);
+std::string headerLine(std::string_view boardFilePath, std::string_view header);
 // "A 89 " for the letter A and 89 stones.
 std::string resultGroupText(const ResultGroup& group);
-// boardFilePath, one blank and the fourteen groups of one cycle or entry.
+// boardFilePath, one blank and the groups of one cycle or entry.
 std::string gameLine(std::string_view boardFilePath, const CycleResults& results);
 std::string summaryLine(const CreditCounts& counts);
 std::string endLine(std::string_view boardFilePath, std::string_view timeOfDay);

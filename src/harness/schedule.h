@@ -1,50 +1,67 @@
 #pragma once
-// The fourteen pairings of a batch run, in report column order. Odd pairings
-// give black to the A family; each even pairing is its odd neighbour with the
-// colours changed.
+// The pairings of a batch run, in report column order. The fixed schedule is
+// the fourteen of the desktop program: odd pairings give black to the A
+// family, and each even pairing is its odd neighbour with the colours changed.
+// A run may play a schedule of its own instead (see scheduleFile.h).
 
-#include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "position/types.h"
 
 namespace quintline {
 
 struct Pairing {
-    std::string_view label;  // the report column
-    std::int16_t depthA;
-    std::int16_t depthB;
-    PlayerKind black;
-    PlayerKind white;
-    std::string_view blackCaption;
-    std::string_view whiteCaption;
+    std::string label;  // the report column
+    std::int16_t depthA = 0;
+    std::int16_t depthB = 0;
+    PlayerKind black = computerA;
+    PlayerKind white = computerB;
+    std::string blackCaption;
+    std::string whiteCaption;
+    friend bool operator==(const Pairing&, const Pairing&) = default;
 };
 
-inline constexpr int pairingCount = 14;
+inline constexpr std::size_t fixedPairingCount = 14;
+inline constexpr std::size_t maxPairings = 64;
 
-// The captions are shown as they stand, the trailing blank of pairing 8 included.
-inline constexpr std::array<Pairing, pairingCount> schedule{{
-    {"A(3):B(2)", 3, 2, computerA, computerB, "Computer A 3", "Computer B 2"},
-    {"B(2):A(3)", 3, 2, computerB, computerA, "Computer B 2", "Computer A 3"},
-    {"A-K-B(3):B(2)", 3, 2, aKnowsB, computerB, "Computer A Know B 3", "Computer B 2"},
-    {"B(2):A-K-B(3)", 3, 2, computerB, aKnowsB, "Computer B 2", "Computer A know B 3"},
-    {"A(2):B(3)", 2, 3, computerA, computerB, "Computer A 2", "Computer B 3"},
-    {"B(3):A(2)", 2, 3, computerB, computerA, "Computer B 3", "Computer A 2"},
-    {"A(2):B-KNOW-A(3)", 2, 3, computerA, bKnowsA, "Computer A 2", "Computer B know A 3"},
-    {"B-KNOW-A(3):A(2)", 2, 3, bKnowsA, computerA, "Computer B know A 3", "Computer A 2 "},
-    {"A(3):B(3)", 3, 3, computerA, computerB, "Computer A 3", "Computer B 3"},
-    {"B(3):A(3)", 3, 3, computerB, computerA, "Computer B 3", "Computer A 3"},
-    {"A-K-B(3):B(3)", 3, 3, aKnowsB, computerB, "Computer A Know B 3", "Computer B 3"},
-    {"B(3):A-K-B(3)", 3, 3, computerB, aKnowsB, "Computer B 3", "Computer A know B 3"},
-    {"A(3):B-K-A(3)", 3, 3, computerA, bKnowsA, "Computer A 3", "Computer B know A 3"},
-    {"B-K-A(3):A(3)", 3, 3, bKnowsA, computerA, "Computer B Know A 3", "Computer A 3"},
-}};
-
-// The report's header after boardFilePath: the column labels with their fixed spacing.
+// The report's header after boardFilePath for the fixed schedule: its column
+// labels with their own spacing.
 inline constexpr std::string_view headerLiteral =
     "    A(3):B(2) ,  B(2):A(3) ,  A-K-B(3):B(2) , B(2):A-K-B(3) , A(2):B(3) , B(3):A(2) , "
     "A(2):B-KNOW-A(3) , B-KNOW-A(3):A(2) , A(3):B(3) , B(3):A(3) , A-K-B(3):B(3) , "
     "B(3):A-K-B(3) , A(3):B-K-A(3) , B-K-A(3):A(3)";
+
+class Schedule {
+  public:
+    // Between 1 and maxPairings pairings.
+    explicit Schedule(std::vector<Pairing> pairings);
+
+    // The fourteen pairings of the desktop program. The captions are shown as
+    // they stand, the trailing blank of pairing 8 included.
+    static const Schedule& fixed();
+
+    const std::vector<Pairing>& pairings() const { return pairings_; }
+    std::size_t size() const { return pairings_.size(); }
+    const Pairing& operator[](std::size_t n) const { return pairings_[n]; }
+    auto begin() const { return pairings_.begin(); }
+    auto end() const { return pairings_.end(); }
+
+    // The header literal when the labels are the fixed ones, in their order;
+    // otherwise four blanks and the labels joined by " , ".
+    std::string header() const;
+
+  private:
+    std::vector<Pairing> pairings_;
+};
+
+// Whether the two pairings are the same two players at the same depths with
+// the colours changed.
+bool swapsColours(const Pairing& first, const Pairing& second);
+
+// The caption a side gets when a schedule gives none: "Computer A 3" and the like.
+std::string sideCaption(PlayerKind kind, std::int16_t depthA, std::int16_t depthB);
 
 }  // namespace quintline

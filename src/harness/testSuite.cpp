@@ -34,11 +34,12 @@ void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFil
         return;
     }
     Report report(reportFile, clock);
-    if (!report.open(state.boardFilePath)) {
+    if (!report.open(state.boardFilePath, Schedule::fixed().header())) {
         toolkit.messageBox(reportNotStarted(reportFile), MessageButtons::ok);
         return;
     }
-    CreditCounts credits{};
+    const Schedule& schedule = Schedule::fixed();
+    CreditCounts credits(schedule.size());
     state.twoUsers = flagFalse;
     state.clickAllowed = flagFalse;
 
@@ -56,7 +57,7 @@ void runTestSuite(Game& game, Clock& clock, const std::filesystem::path& listFil
             toolkit.messageBox(refusalMessage(state.boardFilePath, read), MessageButtons::ok);
             continue;
         }
-        const CycleResults results = playEntry(game, read.file);
+        const CycleResults results = playEntry(game, schedule, read.file);
         countCredits(credits, results);
         if (!report.addGameLine(state.boardFilePath, results)) {
             toolkit.messageBox(reportStopped(reportFile), MessageButtons::ok);

@@ -26,14 +26,15 @@ void runTournament(Game& game, UniformSource& uniform, Clock& clock,
         return;
     }
     Report report(reportFile, clock);
-    if (!report.open(state.boardFilePath)) {
+    if (!report.open(state.boardFilePath, Schedule::fixed().header())) {
         game.toolkit().messageBox(reportNotStarted(reportFile), MessageButtons::ok);
         return;
     }
-    CreditCounts credits{};
+    const Schedule& schedule = Schedule::fixed();
+    CreditCounts credits(schedule.size());
     for (int cycle = 0; cycle < state.cycleCount; ++cycle) {
         const Opening opening = drawOpening(uniform);
-        const CycleResults results = playCycle(game, opening);
+        const CycleResults results = playCycle(game, schedule, opening);
         countCredits(credits, results);
         if (!report.addGameLine(state.boardFilePath, results)) {
             game.toolkit().messageBox(reportStopped(reportFile), MessageButtons::ok);

@@ -19,10 +19,4 @@ std::optional<nodeScores> SearchSet::run(PlayerKind kind, SearchState& s,
     }
 }
 
-void seatAgainstOpponent(SearchState& s, PlayerKind kind) {
-    const bool blackMoves = sideToMove(static_cast<std::int16_t>(s.stepNum + 1)) == black;
-    s.blackSide = blackMoves ? kind : opponentOf(kind);
-    s.whiteSide = blackMoves ? opponentOf(kind) : kind;
-}
-
 }  // namespace quintline

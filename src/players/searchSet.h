@@ -26,14 +26,4 @@ struct SearchSet {
     std::optional<nodeScores> run(PlayerKind kind, SearchState& s, std::int16_t depth) const;
 };
 
-// The kind a colour plays against `kind` unless told otherwise: the other
-// family's plain computer.
-constexpr PlayerKind opponentOf(PlayerKind kind) {
-    return isAFamily(kind) ? computerB : computerA;
-}
-
-// Seats `kind` on the colour to move at s.stepNum stones and opponentOf(kind)
-// on the other: the seating the fast opponent-model search is made for.
-void seatAgainstOpponent(SearchState& s, PlayerKind kind);
-
 }  // namespace quintline

@@ -13,6 +13,7 @@
 
 #include "harness/fakes.h"
 #include "harness/report.h"
+#include "harness/schedule.h"
 #include "support/scratchDirectory.h"
 
 namespace quintline::testing {
@@ -33,7 +34,7 @@ TEST(Report, EachStretchIsAppendedWholeOrNotAtAll) {
             return true;
         };
         const std::string path = "entry\r\n.txt";  // its line end never reaches the file
-        if (!report.open(path) || !mark()) return 0;
+        if (!report.open(path, Schedule::fixed().header()) || !mark()) return 0;
         if (!report.addGameLine(path, CycleResults{}) || !mark()) return 1;
         return report.close(path, CreditCounts{}) && mark() ? 3 : 2;
     };

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "players/searchSet.h"
+#include "game/seatedSearch.h"
 
 namespace quintline {
 namespace {
@@ -118,7 +118,7 @@ TEST(Searches, WorkedExamples) {
                        static_cast<std::int16_t>(std::stoi(point.substr(point.find(',') + 1))),
                        side);
         }
-        seatAgainstOpponent(s, e.kind);
+        seatSides(s, e.kind);
         const std::int16_t step = s.stepNum;
         SCOPED_TRACE(::testing::Message()
                      << e.stones << " kind " << e.kind << " depth " << e.depth);

@@ -18,6 +18,7 @@
 #include <tuple>
 #include <vector>
 
+#include "game/seatedSearch.h"
 #include "players/candidates.h"
 #include "reference/literalSearches.h"
 #include "support/gameRecords.h"
@@ -77,7 +78,7 @@ Samples outweighedFives(int count, std::uint32_t seed) {
 void compare(const SearchState& start, PlayerKind kind, std::int16_t depth,
              const PlayerKind* seats = nullptr) {
     SearchState fast = start;
-    seatAgainstOpponent(fast, kind);
+    seatSides(fast, kind);
     if (seats) std::tie(fast.blackSide, fast.whiteSide) = std::tie(seats[0], seats[1]);
     for (std::size_t i = 0; i < fast.bestX.size(); ++i)
         std::tie(fast.bestX[i], fast.bestY[i]) = std::tuple(100 + i, 300 + i);

@@ -72,7 +72,7 @@ TEST(Arguments, UsageErrorsNameTheProblem) {
         {{"tournament", "--cycles", "2", "--seed", "-1"}, "--seed: takes a whole number"},
         {{"tournament", "--cycles", "2", "--seed", "18446744073709551616"}, "--seed"},
         {{"testsuite", "--jobs", "0"}, "--jobs: takes a whole number from 1"},
-        {{"testsuite", "--sprt", "8", "--elo0", "0", "--elo1", "5"}, "from 1 to 7"},
+        {{"testsuite", "--sprt", "33", "--elo0", "0", "--elo1", "5"}, "from 1 to 32"},
         {{"testsuite", "--sprt", "1", "--elo0", "0"}, "--sprt requires --elo1"},
         {{"testsuite", "--alpha", "0.1"}, "--alpha requires --sprt"},
         {{"testsuite", "--sprt", "1", "--elo0", "5", "--elo1", "5"}, "--elo0 must be below"},

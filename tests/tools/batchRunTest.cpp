@@ -1,11 +1,13 @@
 // The batch commands in-process: reports equal to the library's runs whatever
-// the number of threads, exit codes and messages, and runs cut short.
+// the number of threads, exit codes and messages, runs cut short, and the
+// records of every game.
 
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
 
 #include <atomic>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -13,19 +15,39 @@
 #include "batch/batchRun.h"
 #include "batch/commands.h"
 #include "batch/gamesCsv.h"
+#include "batch/runKeeper.h"
 #include "batch/statistics.h"
+#include "boardfile/boardFile.h"
 #include "harness/fakes.h"
+#include "harness/scheduleFile.h"
 #include "harness/tournament.h"
 #include "tools/batchFixtures.h"
 
 namespace quintline::batch {
 namespace {
 
+const Schedule& schedule = Schedule::fixed();
+
 using namespace quintline::testing;
 
 // The same readings for every run, so that whole reports can be compared.
 ScriptedClock sameClock() {
     return ScriptedClock({"10:00:00", "10:05:00"}, {36000.0f, 36300.5f});
+}
+
+// Runs a command line in-process, "@" standing for `d`.
+int runLine(const std::string& line, const std::string& d, std::ostream& out, std::ostream& err,
+            const SearchSet& searches = {}) {
+    std::vector<std::string> args;
+    std::istringstream words(line);
+    for (std::string word; words >> word;)
+        if (word != ">") args.push_back(word[0] == '@' ? d + word.substr(1) : word);
+    ScriptedClock clock = sameClock();
+    std::atomic<bool> stop{false};
+    Environment environment{clock, stop, searches};
+    std::ostream full(nullptr);  // "> ..." writes its results to a stdout that fails
+    return runCommandLine(std::vector<std::string_view>(args.begin(), args.end()), 2, environment,
+                          {line[0] == '>' ? full : out, err});
 }
 
 TournamentCommand tournament(int cycles, std::optional<std::uint64_t> seed, unsigned jobs,
@@ -227,6 +249,10 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
          "quintline-batch: " + d + "nolist.txt can not be opened! Not started\n"},
         {"tournament --cycles 3 --report @", exitRefused, "",
          "quintline-batch: " + d + " can not be written! Not started\n"},
+        {"tournament --cycles 1 --schedule @wide.txt --report @never.txt", exitRefused, "",
+         "quintline-batch: " + d + "wide.txt:1: expected: label black white"},
+        {"resume --report @never.txt", exitRefused, "",
+         "no unfinished run to resume: " + d + "never.txt.run.json can not be opened\n"},
         {"tournament --cycles 3 --report @never.txt --summary-json @no/s.json", exitRefused, "",
          "quintline-batch: " + d + "no/s.json can not be written! Not started\n"},
         {"testsuite --list @none.txt --report @never.txt --games-csv @no/g.csv", exitRefused, "",
@@ -252,23 +278,14 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
          "entry 4 skipped: its path \"sm\" lacks its closing quote\n"}};
     for (const auto& [line, status, out, err] : rows) {
         SCOPED_TRACE(line);
-        std::vector<std::string> args;
-        std::istringstream words(line);
-        for (std::string word; words >> word;)
-            if (word != ">") args.push_back(word[0] == '@' ? d + word.substr(1) : word);
-        ScriptedClock clock = sameClock();
-        std::atomic<bool> stop{false};
-        Environment environment{clock, stop};  // the real searches
         std::ostringstream printed, complained;
-        std::ostream full(nullptr);
-        EXPECT_EQ(runCommandLine(std::vector<std::string_view>(args.begin(), args.end()), 2,
-                                 environment, {line[0] == '>' ? full : printed, complained}),
-                  status);
+        EXPECT_EQ(runLine(line, d, printed, complained), status);  // the real searches
         for (const auto& [text, wanted] : {std::pair(printed.str(), out), {complained.str(), err}})
             EXPECT_TRUE(wanted.empty() ? text.empty() : text.find(wanted) != std::string::npos)
                 << text;
     }
-    EXPECT_FALSE(std::filesystem::exists(d + "never.txt"));
+    EXPECT_FALSE(std::filesystem::exists(d + "never.txt") ||
+                 std::filesystem::exists(d + "r.txt.run.json"));
     // Whole blocks, each line ended once, their tails naming the last path played.
     for (const char* report : {"short-report.txt", "odd-report.txt"}) {
         const std::string text = readBytes(d + report);
@@ -281,7 +298,7 @@ TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {
     ScratchDirectory dir;
     ScriptedClock clock = sameClock();
     Report report(dir / "r.txt", clock);
-    ASSERT_TRUE(report.open({}));
+    ASSERT_TRUE(report.open({}, Schedule::fixed().header()));
     std::filesystem::remove(dir / "r.txt");
     std::filesystem::create_directory(dir / "r.txt");
     SeededUniform uniform(3);
@@ -294,6 +311,87 @@ TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {
     const BatchOutcome outcome = playBatch(jobs, report, settings, stop, messages);
     EXPECT_TRUE(outcome.reportFailed && !outcome.stopped && outcome.lines == 0);
     EXPECT_EQ(err.str(), (dir / "r.txt").string() + " can not be written! Run stopped\n");
+}
+
+// Every game of a seeded run on an own schedule: its board file is what Save
+// writes after the same game in the library, Read and the replay buttons step
+// it to the report's group, and the SGF collection holds the same games.
+TEST(Records, BoardFilesReplayToTheReportAndTheSgfAgrees) {
+    ScratchDirectory dir;
+    const std::string d = dir.path().string() + "/";
+    writeBytes(d + "s.txt",
+               "A-K-B(2):B(2) 3 2 2 2\nB(2):A-K-B(2) 2 3 2 2\n"
+               "A(3):B-K-A(2) 1 4 3 2 \"A]\\\" \"b\" # escaped in the SGF\n"
+               "B(2):A(2) 2 1 2 2\n");
+    std::ostringstream out, err;
+    ASSERT_EQ(runLine("tournament --cycles 3 --seed 11 --report @r.txt --games @g --sgf @a.sgf "
+                      "--schedule @s.txt",
+                      d, out, err, shallowSearches()),
+              exitDone)
+        << err.str();
+    const auto lines = reportLines(d + "r.txt");
+    ASSERT_EQ(lines.size(), 8u);
+    EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(2):A(2)");
+    const Schedule own = *loadSchedule(d + "s.txt").schedule;
+    // Pairings 3 and 4 are other players: no pair statistics.
+    EXPECT_NE(out.str().find("\n1-2 "), std::string::npos);
+    EXPECT_EQ(out.str().find("\n3-4 "), std::string::npos);
+
+    const std::string sgf = readBytes(d + "a.sgf");
+    const std::regex tree(
+        R"(\(;FF\[4\]GM\[4\]SZ\[15\]EV\[tournament, seed 11\]RO\[(\d+\.\d)\])"
+        R"(PB\[((?:[^\]\\]|\\.)*)\]PW\[([^\]]*)\]RE\[(B\+|W\+|0)\]DT\[\d{4}-\d\d-\d\d\])"
+        R"(AP\[quintline-batch:[\d.]+\]((?:;[BW]\[[a-o]{2}\])*)\)\n)");
+    auto trees = std::sregex_iterator(sgf.begin(), sgf.end(), tree);
+    std::size_t parsed = 0;
+    SeededUniform uniform(11);
+    LibraryGame library(shallowSearches()), viewer;
+    for (int cycle = 1; cycle <= 3; ++cycle) {
+        const Opening opening = drawOpening(uniform);
+        std::istringstream groups(lines[static_cast<std::size_t>(cycle) + 1]);
+        for (std::size_t n = 0; n < own.size(); ++n, ++trees) {
+            SCOPED_TRACE(std::to_string(cycle) + "." + std::to_string(n + 1));
+            const std::string file = d + "g/" + recordFileName(true, cycle, n + 1);
+            const ResultGroup group = playPairing(library.game, own[n], opening).group;
+            EXPECT_EQ(readBytes(file), formatBoardFile(library.game.state()));
+            GameState& s = viewer.game.state();
+            s.boardFilePath = file;
+            readBoardFile(viewer.game);
+            do viewer.game.stepForward();
+            while (s.movesAhead > 0);
+            ResultGroup reported;
+            groups >> reported.letter >> reported.stones;
+            EXPECT_EQ(creditGame(own[n], s.gameResult, s.stepNum), reported);
+            EXPECT_EQ(group, reported);
+
+            ASSERT_NE(trees, std::sregex_iterator());
+            const std::smatch& m = *trees;
+            parsed += static_cast<std::size_t>(m.length());
+            std::string moves;
+            for (int i = 1; i <= s.stepNum; ++i)
+                moves += std::string(s.moveRecord[i].colour == black ? ";B[" : ";W[") +
+                         char('a' + s.moveRecord[i].x - 1) + char('a' + s.moveRecord[i].y - 1) +
+                         ']';
+            EXPECT_EQ(std::vector<std::string>(m.begin() + 1, m.end()),
+                      (std::vector<std::string>{std::to_string(cycle) + "." + std::to_string(n + 1),
+                                                n == 2 ? "A\\]\\\\" : own[n].blackCaption,
+                                                own[n].whiteCaption,
+                                                s.gameResult == blackWon   ? "B+"
+                                                : s.gameResult == whiteWon ? "W+"
+                                                                           : "0",
+                                                moves}));
+        }
+    }
+    EXPECT_EQ(parsed, sgf.size());
+
+    // The fixed pairings given as a file: the same report, byte for byte.
+    for (const std::string option : {"", " --schedule " QUINTLINE_SCHEDULES_DIR "/default.txt"})
+        EXPECT_EQ(runLine("tournament --cycles 2 --seed 5 --report @" +
+                              std::to_string(option.empty()) + ".txt" + option,
+                          d, out, err, shallowSearches()),
+                  exitDone);
+    EXPECT_EQ(readBytes(d + "0.txt"), readBytes(d + "1.txt"));
+    EXPECT_FALSE(std::filesystem::exists(d + "0.txt.run.json"));
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <chrono>
 #include <csignal>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <thread>
@@ -168,6 +169,72 @@ TEST(Program, ASecondRunOnAReportWaitsForTheFirstOrWithNoWaitIsRefused) {
         std::tuple(waited.status, waited.err),
         std::tuple(0, "quintline-batch: waiting for another run to finish with result.txt\n"));
     EXPECT_EQ(reportLines(dir / "result.txt").size(), 7u);
+}
+
+// Every file a run keeps, by name relative to `dir`, without the times of the report.
+std::map<std::string, std::string> keptFiles(const std::filesystem::path& dir) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(dir))
+        if (entry.is_regular_file() && entry.path().extension() != ".log")
+            files[entry.path().lexically_relative(dir).string()] = readBytes(entry.path());
+    std::string untimed;
+    for (const std::string& line : reportLines(dir / "r.txt", true)) untimed += line + '\n';
+    files["r.txt"] = untimed;
+    return files;
+}
+
+// Waits until the report holds at least `lines` lines, then sends `signal`.
+std::function<void(pid_t)> signalAt(const std::filesystem::path& report, std::size_t lines,
+                                    int signal) {
+    return [=](pid_t pid) {
+        waitFor([&] { return reportLines(report).size() >= lines; });
+        kill(pid, signal);
+    };
+}
+
+TEST(Program, ARunKilledStoppedAndKilledAgainResumesToTheUninterruptedRun) {
+    ScratchDirectory dir(true);
+    const std::filesystem::path whole = dir / "whole", cut = dir / "cut";
+    const std::vector<std::string> args{
+        "tournament", "--cycles",    "40",    "--seed",         "9",     "--jobs",
+        "2",          "--report",    "r.txt", "--games",        "g",     "--sgf",
+        "a.sgf",      "--games-csv", "g.csv", "--summary-json", "s.json"};
+    std::filesystem::create_directories(whole);
+    std::filesystem::create_directories(cut);
+    ASSERT_EQ(run(args, whole).status, 0);
+
+    // Killed as soon as the sidecar stands, then stopped by Ctrl-C, then killed again.
+    ASSERT_EQ(run(args, cut, signalAt(cut / "r.txt.run.json", 1, SIGKILL)).status, 128 + SIGKILL);
+    ASSERT_EQ(run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", 5, SIGINT)).status,
+              130);
+    const std::size_t stopped = reportLines(cut / "r.txt").size();
+    ASSERT_EQ(
+        run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", stopped + 3, SIGKILL))
+            .status,
+        128 + SIGKILL);
+    // A report that no longer ends with the run's block is refused, and left alone.
+    const std::string report = readBytes(cut / "r.txt");
+    writeBytes(cut / "r.txt", report + "start Time: 12:00:00\r\n");
+    const Finished refused = run({"resume", "--report", "r.txt"}, cut);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("r.txt does not end with the unfinished run of r.txt.run.json"),
+              std::string::npos)
+        << refused.err;
+    EXPECT_EQ(readBytes(cut / "r.txt"), report + "start Time: 12:00:00\r\n");
+    // A torn last line is cut.
+    writeBytes(cut / "r.txt", report + " A 12 B");
+    const Finished resumed = run({"resume", "--report", "r.txt", "--jobs", "1"}, cut);
+    ASSERT_EQ(resumed.status, 0) << resumed.err;
+    EXPECT_FALSE(std::filesystem::exists(cut / "r.txt.run.json"));
+    auto expected = keptFiles(whole), got = keptFiles(cut);
+    EXPECT_EQ(expected.size(), 4u + 40 * 14);
+    for (auto* files : {&expected, &got}) {  // the resumed part ran on one thread
+        auto summary = nlohmann::json::parse(files->at("s.json"));
+        summary["run"].erase("jobs");
+        files->at("s.json") = summary.dump();
+    }
+    for (const auto& [name, bytes] : got) EXPECT_EQ(bytes, expected[name]) << name;
+    EXPECT_EQ(expected.size(), got.size());
 }
 
 }  // namespace

@@ -18,6 +18,8 @@
 namespace quintline::batch {
 namespace {
 
+const Schedule& schedule = Schedule::fixed();
+
 using Figure = std::optional<double>;
 constexpr std::nullopt_t none = std::nullopt;
 

@@ -84,7 +84,8 @@ const QWidget* runsInto(const QWidget* w, const QRect& rect) {
 TEST(CaptionFit, EveryTextFitsItsControlAndStaysClearOfTheOthers) {
     Texts sides{userName, computerAName, computerBName, captions::aKnowsBSide,
                 captions::bKnowsASide};
-    for (const Pairing& p : schedule) sides.insert(sides.end(), {p.blackCaption, p.whiteCaption});
+    for (const Pairing& p : Schedule::fixed())
+        sides.insert(sides.end(), {p.blackCaption, p.whiteCaption});
     const std::string lastStep = std::to_string(maxStones);
     using namespace captions;
     // What game control writes into a control later, by window and control name.

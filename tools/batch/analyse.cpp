@@ -34,7 +34,7 @@ AnalyseOutcome analysePosition(const AnalyseCommand& command, const SearchSet& s
     GameState& state = game->state();
     const std::int16_t step = state.stepNum;
     const Side mover = sideToMove(static_cast<std::int16_t>(step + 1));
-    seatAgainstOpponent(state, command.kind);
+    seatSides(state, command.kind);
     state.blackSide = command.black.value_or(state.blackSide);
     state.whiteSide = command.white.value_or(state.whiteSide);
 
@@ -51,16 +51,7 @@ AnalyseOutcome analysePosition(const AnalyseCommand& command, const SearchSet& s
         }
     }
 
-    // Cleared so that a search that chooses nothing reads as (0, 0).
-    state.bestX[step] = 0;
-    state.bestY[step] = 0;
-    Analysis analysis;
-    const nodeScores scores = searches.run(command.kind, state, command.depth).value();
-    analysis.value = scores.ownScore;
-    if (modelled) analysis.modelScore = scores.modelScore;
-    state.stepNum = step;
-    analysis.point = {state.bestX[step], state.bestY[step]};
-    outcome.analysis = analysis;
+    outcome.analysis = searchFor(state, command.kind, command.depth, searches);
     return outcome;
 }
 

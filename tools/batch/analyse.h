@@ -6,15 +6,11 @@
 #include <string>
 
 #include "batch/arguments.h"
-#include "players/searchSet.h"
+#include "game/seatedSearch.h"
 
 namespace quintline::batch {
 
-struct Analysis {
-    Point point;                      // (0, 0) when the search chose none
-    Score value = 0;                  // the value, or ownScore for kinds 3 and 4
-    std::optional<Score> modelScore;  // kinds 3 and 4 only
-};
+using Analysis = SearchChoice;
 
 struct AnalyseOutcome {
     std::optional<Analysis> analysis;

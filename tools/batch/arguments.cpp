@@ -19,23 +19,33 @@ same block to the report as the desktop program's menu Testsuit does.
 
   quintline-batch tournament --cycles N [--seed S] [run options]
   quintline-batch testsuite [--list PATH] [run options]
+  quintline-batch resume [--report PATH] [--jobs J]
   quintline-batch analyse BOARDFILE --kind K --depth D [--black K1 --white K2]
   quintline-batch COMMAND --help      the options of one command
 )";
 
 constexpr const char* tournamentText =
     R"(N cycles, each a random six-stone opening
-played through the fourteen pairings.
+played through the fourteen pairings, or
+through those of --schedule FILE.
 --seed S repeats a run's openings; without it
 the seed comes from the clock and is printed on
 stderr. The openings do not depend on --jobs.)";
 
 constexpr const char* testSuiteText =
-    R"(The fourteen pairings from each board file
-named in the list (a count, then one path per
+    R"(The fourteen pairings, or those of --schedule
+FILE, from each board file named in the list (a count, then one path per
 line; paths are taken relative to the current
 directory). A board file that is refused is
 reported on stderr and skipped.)";
+
+constexpr const char* resumeText =
+    R"(Continues the unfinished tournament or test
+suite that PATH.run.json describes, after Ctrl-C,
+a signal, a crash or a full disk: cuts a torn
+last line and what the stop wrote, plays the
+missing cycles or entries and ends the block as
+the run never interrupted would have.)";
 
 constexpr const char* analyseText =
     R"(Replays all moves of BOARDFILE and runs the
@@ -59,12 +69,23 @@ counts of its game pairs with Elo, normalized Elo and likelihood of
 superiority. --games-csv and --summary-json write the same per game and as
 JSON. With --sprt the run stops as soon as the test on that pair decides.
 
+--schedule FILE plays the pairings of FILE instead of the fourteen fixed ones
+(schedules/default.txt lists those and describes the format). --games DIR
+keeps every game as a board file that the desktop program reads and replays:
+cCCCCCC-pPP.txt for cycle C, pairing P of a tournament, eEEEE-pPP.txt for
+entry E of a test suite. --sgf PATH appends every game to one SGF collection.
+Records are written as each cycle or entry finishes, in order, whatever --jobs.
+
+Before its first game a run writes PATH.run.json beside its report PATH and
+keeps it up to date; it is removed once the block is complete. While it is
+there, "quintline-batch resume --report PATH" continues the run.
+
 Ctrl-C, SIGTERM and SIGHUP stop the run: no new cycle or entry starts, each
 thread finishes the game it is playing and leaves the rest of its cycle or
-entry unplayed. The report keeps the whole lines of the cycles or entries that finished without a
-gap before them (the lines a shorter run with the same seed would write), and
-its summary, end and used lines count just those; the tables on stdout do
-too. A second signal of the same kind ends the program at once, leaving only
+entry unplayed. The report keeps the whole lines of the cycles or entries that
+finished without a gap before them (the lines a shorter run with the same seed
+would write), and its summary, end and used lines count just those; the tables
+on stdout do too. A second signal of the same kind ends the program at once, leaving only
 whole lines. One run at a time appends to a report: a second one waits for the
 first to finish, or with --no-wait is refused.
 
@@ -140,14 +161,21 @@ void addRunOptions(CLI::App& command, RunOptions& run, SprtOptions& sprt) {
     command
         .add_option("--summary-json", run.summaryJson, "the tables on stdout as one JSON object")
         ->type_name("PATH");
+    command
+        .add_option("--schedule", run.schedule,
+                    "the pairings to play, one a line\n(default: the fourteen fixed ones)")
+        ->type_name("FILE");
+    command.add_option("--games", run.games, "every game as a board file in DIR")->type_name("DIR");
+    command.add_option("--sgf", run.sgf, "every game in one SGF collection, appended to")
+        ->type_name("PATH");
     CLI::Option* pair =
         command
             .add_option(
                 "--sprt", sprt.pair,
-                "stop once the SPRT on colour-swapped pair PAIR,\n1 to 7 (pairings 2 PAIR - 1 "
+                "stop once the SPRT on colour-swapped pair PAIR,\n1 to 32 (pairings 2 PAIR - 1 "
                 "and 2 PAIR), decides")
             ->type_name("PAIR")
-            ->transform(wholeNumber(1, pairingCount / 2));
+            ->transform(wholeNumber(1, static_cast<int>(maxPairings / 2)));
     const CLI::Validator elo = realNumber(-maxElo, maxElo, false);
     CLI::Option* elo0 =
         command.add_option("--elo0", sprt.elo0, "Elo difference of H0, -1000 to 1000")
@@ -199,6 +227,17 @@ CLI::App* addTestSuite(CLI::App& app, TestSuiteCommand& command, SprtOptions& sp
     return sub;
 }
 
+CLI::App* addResume(CLI::App& app, ResumeCommand& command) {
+    CLI::App* sub = app.add_subcommand("resume", resumeText);
+    sub->add_option("--report", command.report,
+                    "the report of the run to continue (default result.txt)")
+        ->type_name("PATH");
+    sub->add_option("--jobs", command.jobs, "games run on J threads, 1 to 256 (default: all cores)")
+        ->type_name("J")
+        ->transform(wholeNumber(1u, maxJobs));
+    return sub;
+}
+
 CLI::App* addAnalyse(CLI::App& app, AnalyseCommand& command) {
     CLI::App* sub = app.add_subcommand("analyse", analyseText);
     sub->footer(analyseFooter);
@@ -241,11 +280,13 @@ ParsedArguments parseArguments(std::span<const std::string_view> args, unsigned 
 
     TournamentCommand tournament;
     TestSuiteCommand testSuite;
+    ResumeCommand resume;
     AnalyseCommand analyse;
-    tournament.run.jobs = testSuite.run.jobs = defaultJobs;
+    tournament.run.jobs = testSuite.run.jobs = resume.jobs = defaultJobs;
     SprtOptions tournamentSprt, testSuiteSprt;
     CLI::App* tournamentApp = addTournament(app, tournament, tournamentSprt);
     CLI::App* testSuiteApp = addTestSuite(app, testSuite, testSuiteSprt);
+    CLI::App* resumeApp = addResume(app, resume);
     CLI::App* analyseApp = addAnalyse(app, analyse);
 
     const std::string first(args.front());
@@ -276,6 +317,8 @@ ParsedArguments parseArguments(std::span<const std::string_view> args, unsigned 
     } else if (testSuiteApp->parsed()) {
         parsed.error = checkRunOptions(*testSuiteApp, testSuite.run, testSuiteSprt);
         parsed.command = testSuite;
+    } else if (resumeApp->parsed()) {
+        parsed.command = resume;
     } else if (analyseApp->parsed()) {
         keepIfGiven(*analyseApp, "--black", analyse.black);
         keepIfGiven(*analyseApp, "--white", analyse.white);

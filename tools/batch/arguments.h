@@ -30,15 +30,18 @@ struct SprtOptions {
     double beta = 0.05;
 };
 
-// What tournament and testsuite share: threads, the files written and when
-// to stop early.
+// What tournament and testsuite share: threads, the pairings, the files
+// written and when to stop early. Files: none when empty.
 struct RunOptions {
     unsigned jobs = 1;
     std::string report = "result.txt";
     std::string gamesCsv;     // none when empty
     std::string summaryJson;  // none when empty
     std::optional<SprtOptions> sprt;
-    bool wait = true;  // for another run that holds the report; refused with --no-wait
+    std::string schedule;  // a schedule file to play instead of the fourteen fixed pairings
+    std::string games;     // a folder that gets every game as a board file
+    std::string sgf;       // an SGF collection that gets every game
+    bool wait = true;      // for another run that holds the report; refused with --no-wait
 };
 
 struct TournamentCommand {
@@ -52,6 +55,12 @@ struct TestSuiteCommand {
     RunOptions run;
 };
 
+// Continues the unfinished run that the report's sidecar describes.
+struct ResumeCommand {
+    std::string report = "result.txt";
+    unsigned jobs = 1;
+};
+
 struct AnalyseCommand {
     std::string boardFile;
     PlayerKind kind = computerA;
@@ -60,7 +69,8 @@ struct AnalyseCommand {
     std::optional<PlayerKind> white;
 };
 
-using Command = std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, AnalyseCommand>;
+using Command =
+    std::variant<HelpRequest, TournamentCommand, TestSuiteCommand, ResumeCommand, AnalyseCommand>;
 
 // The largest values the options take: the run's counters are 16-bit, and a
 // deeper search than the suggestion's could overflow its scaled values.

@@ -11,15 +11,28 @@
 #include "game/game.h"
 #include "game/silentToolkit.h"
 #include "harness/batchMessages.h"
-#include "harness/pairingGame.h"
-#include "harness/schedule.h"
 
 namespace quintline::batch {
+
+TournamentJobs::TournamentJobs(int cycles, UniformSource& uniform, int firstCycle)
+    : cycles_(cycles),
+      uniform_(uniform),
+      expected_(static_cast<std::size_t>(std::max(cycles - firstCycle + 1, 0))) {
+    for (; given_ + 1 < firstCycle; ++given_) drawOpening(uniform_);
+}
 
 std::optional<BatchJob> TournamentJobs::next() {
     if (given_ >= cycles_) return std::nullopt;
     ++given_;
-    return BatchJob{{}, drawOpening(uniform_), {}};
+    return BatchJob{given_, {}, drawOpening(uniform_), {}};
+}
+
+TestSuiteJobs::TestSuiteJobs(TestSuiteList& list, int firstEntry) : list_(list) {
+    for (; given_ + 1 < firstEntry; ++given_, ++skipped_) {
+        std::optional<ListEntry> entry = list_.nextEntry();
+        if (!entry) break;
+        if (entry->refusal.empty()) lastPath_ = std::move(entry->path);
+    }
 }
 
 std::optional<BatchJob> TestSuiteJobs::next() {
@@ -27,6 +40,7 @@ std::optional<BatchJob> TestSuiteJobs::next() {
     if (!entry) return std::nullopt;
     ++given_;
     BatchJob job;
+    job.number = given_;
     if (!entry->refusal.empty()) {
         // The report goes on naming the entry before this one.
         job.boardFilePath = lastPath_;
@@ -44,26 +58,45 @@ std::optional<BatchJob> TestSuiteJobs::next() {
 }
 
 std::size_t TestSuiteJobs::expected() const {
-    return static_cast<std::size_t>(std::max<int>(list_.count(), 0));
+    return static_cast<std::size_t>(std::max<int>(list_.count() - skipped_, 0));
+}
+
+std::optional<std::vector<PlayedGame>> playJob(Game& game, const Schedule& schedule,
+                                               const BatchJob& job,
+                                               const std::function<bool()>& halted,
+                                               const std::function<void()>& gameDone) {
+    GameState& state = game.state();
+    state.boardFilePath = job.boardFilePath;
+    if (std::holds_alternative<BoardFile>(job.start)) {
+        // A test-suite run takes clicks from nobody.
+        state.twoUsers = flagFalse;
+        state.clickAllowed = flagFalse;
+    }
+    std::vector<PlayedGame> games;
+    games.reserve(schedule.size());
+    for (const Pairing& pairing : schedule) {
+        if (halted()) return std::nullopt;
+        games.push_back(std::visit(
+            [&](const auto& start) { return playPairing(game, pairing, start); }, job.start));
+        if (gameDone) gameDone();
+    }
+    return games;
 }
 
 namespace {
 
-// A job whose games are all played, or a refused entry.
-struct FinishedJob {
-    FinishedCycle cycle;
-    std::string refusal;
-};
-
 class BatchRun {
   public:
     BatchRun(JobSource& source, Report& report, const BatchSettings& settings,
-             const std::atomic<bool>& stop, MessageLog& messages)
+             const std::atomic<bool>& stop, MessageLog& messages, JobKeeper* keeper,
+             BatchOutcome before)
         : source_(source),
           report_(report),
           settings_(settings),
           stop_(stop),
           messages_(messages),
+          keeper_(keeper),
+          outcome_(std::move(before)),
           writer_([this](std::size_t, FinishedJob& job) { return write(job); }) {}
 
     BatchOutcome run() {
@@ -88,7 +121,7 @@ class BatchRun {
     std::size_t gamesExpected() const {
         const std::size_t jobs = source_.expected();
         const std::size_t refused = refused_.load();
-        return (jobs > refused ? jobs - refused : 0) * schedule.size();
+        return (jobs > refused ? jobs - refused : 0) * settings_.schedule->size();
     }
 
     void reportProgressUntilDone() {
@@ -120,18 +153,24 @@ class BatchRun {
         game->newGame();
         while (auto taken = take()) {
             auto& [index, job] = *taken;
-            FinishedJob finished{
-                {index + 1, job.boardFilePath, std::holds_alternative<Opening>(job.start), {}},
-                job.refusal};
+            FinishedJob finished{{static_cast<std::size_t>(job.number),
+                                  job.boardFilePath,
+                                  std::holds_alternative<Opening>(job.start),
+                                  {}},
+                                 job.refusal};
             if (!job.refusal.empty()) {
                 ++refused_;
                 writer_.complete(index, std::move(finished));
                 continue;
             }
-            if (!play(*game, job, finished.cycle.games)) {
+            auto games = playJob(
+                *game, *settings_.schedule, job, [this] { return halted(); },
+                [this] { ++gamesDone_; });
+            if (!games) {
                 writer_.cut(index);
                 break;
             }
+            finished.cycle.games = std::move(*games);
             writer_.complete(index, std::move(finished));
         }
         std::lock_guard lock(doneMutex_);
@@ -139,58 +178,41 @@ class BatchRun {
         doneCondition_.notify_all();
     }
 
-    // The fourteen games of a job; false when the run was halted before the
-    // last of them began.
-    bool play(Game& game, const BatchJob& job, std::vector<PlayedGame>& games) {
-        GameState& state = game.state();
-        state.boardFilePath = job.boardFilePath;
-        if (std::holds_alternative<BoardFile>(job.start)) {
-            // A test-suite run takes clicks from nobody.
-            state.twoUsers = flagFalse;
-            state.clickAllowed = flagFalse;
-        }
-        games.reserve(schedule.size());
-        for (std::size_t n = 0; n < schedule.size(); ++n) {
-            if (halted()) return false;
-            games.push_back(
-                std::visit([&](const auto& start) { return playPairing(game, schedule[n], start); },
-                           job.start));
-            ++gamesDone_;
-        }
-        return true;
-    }
-
-    // Runs under the writer's lock, in run order.
+    // Runs under the writer's lock, in run order: the job's records, its
+    // line, what follows the line, and the keeper's note of how far the run is.
     Handed write(const FinishedJob& job) {
         const FinishedCycle& cycle = job.cycle;
-        outcome_.lastPath = cycle.boardFilePath;
         if (!job.refusal.empty()) {
             messages_.line(job.refusal);
-            return Handed::carryOn;
+        } else {
+            CycleResults results;
+            for (const PlayedGame& game : cycle.games) results.push_back(game.group);
+            if (keeper_ && !keeper_->keepRecords(cycle, messages_)) return fail(false);
+            if (!report_.addGameLine(cycle.boardFilePath, results)) return fail(true);
+            countCredits(outcome_.credits, results);
+            ++outcome_.lines;
+            switch (settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn) {
+                case AfterCycle::outputFailed:
+                    return fail(false);
+                case AfterCycle::stop:
+                    outcome_.endedEarly = true;
+                    ended_ = true;
+                    break;
+                case AfterCycle::carryOn:
+                    break;
+            }
         }
-        CycleResults results;
-        for (std::size_t n = 0; n < results.size(); ++n) results[n] = cycle.games[n].group;
-        if (!report_.addGameLine(cycle.boardFilePath, results)) {
-            messages_.line(reportStopped(report_.file()));
-            outcome_.reportFailed = true;
-            failed_ = true;
-            return Handed::refused;
-        }
-        countCredits(outcome_.credits, results);
-        ++outcome_.lines;
-        switch (settings_.afterLine ? settings_.afterLine(cycle) : AfterCycle::carryOn) {
-            case AfterCycle::outputFailed:
-                outcome_.reportFailed = true;
-                failed_ = true;
-                return Handed::refused;
-            case AfterCycle::stop:
-                outcome_.endedEarly = true;
-                ended_ = true;
-                return Handed::last;
-            case AfterCycle::carryOn:
-                break;
-        }
-        return Handed::carryOn;
+        outcome_.lastPath = cycle.boardFilePath;
+        ++outcome_.passed;
+        if (keeper_) keeper_->passed(outcome_);
+        return outcome_.endedEarly ? Handed::last : Handed::carryOn;
+    }
+
+    Handed fail(bool report) {
+        if (report) messages_.line(reportStopped(report_.file()));
+        outcome_.reportFailed = true;
+        failed_ = true;
+        return Handed::refused;
     }
 
     JobSource& source_;
@@ -198,6 +220,7 @@ class BatchRun {
     const BatchSettings& settings_;
     const std::atomic<bool>& stop_;
     MessageLog& messages_;
+    JobKeeper* keeper_;
 
     std::mutex sourceMutex_;
     bool exhausted_ = false;
@@ -219,8 +242,10 @@ class BatchRun {
 }  // namespace
 
 BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& settings,
-                       const std::atomic<bool>& stop, MessageLog& messages) {
-    BatchRun run(source, report, settings, stop, messages);
+                       const std::atomic<bool>& stop, MessageLog& messages, JobKeeper* keeper,
+                       BatchOutcome before) {
+    if (before.credits.empty()) before.credits.assign(settings.schedule->size(), 0);
+    BatchRun run(source, report, settings, stop, messages, keeper, std::move(before));
     return run.run();
 }
 

@@ -3,6 +3,7 @@
 // of its own, writing the game lines a single-threaded run would write, in the
 // same order.
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstddef>
@@ -16,6 +17,7 @@
 #include "boardfile/boardFileFormat.h"
 #include "harness/credit.h"
 #include "harness/opening.h"
+#include "harness/pairingGame.h"
 #include "harness/report.h"
 #include "harness/testSuiteList.h"
 #include "harness/uniformSource.h"
@@ -23,12 +25,21 @@
 
 namespace quintline::batch {
 
-// One cycle or test-suite entry: where its fourteen games start from.
+// One cycle or test-suite entry: where its games start from.
 struct BatchJob {
+    int number = 0;             // the cycle, or the entry's place in the list; from 1
     std::string boardFilePath;  // the entry's path; empty in a tournament
     std::variant<Opening, BoardFile> start;
     std::string refusal;  // why the entry's board file was refused; nothing is played then
 };
+
+// The games of one job, one per pairing in schedule order, or nothing when
+// `halted` turned true before the last of them began. `gameDone` is called
+// after each game. Plays on `game` alone and touches no file.
+std::optional<std::vector<PlayedGame>> playJob(Game& game, const Schedule& schedule,
+                                               const BatchJob& job,
+                                               const std::function<bool()>& halted,
+                                               const std::function<void()>& gameDone = {});
 
 // Hands out a run's cycles or entries in run order, one call at a time.
 class JobSource {
@@ -45,33 +56,38 @@ class JobSource {
 // out, so cycle k has the k-th opening whatever the number of threads.
 class TournamentJobs final : public JobSource {
   public:
-    TournamentJobs(int cycles, UniformSource& uniform) : cycles_(cycles), uniform_(uniform) {}
+    // With `firstCycle` above 1 the openings of the cycles before it are drawn
+    // and dropped, so that every cycle keeps its opening.
+    TournamentJobs(int cycles, UniformSource& uniform, int firstCycle = 1);
     std::optional<BatchJob> next() override;
-    std::size_t expected() const override { return static_cast<std::size_t>(cycles_); }
+    std::size_t expected() const override { return expected_; }
 
   private:
     int cycles_;
     int given_ = 0;
     UniformSource& uniform_;
+    std::size_t expected_;
 };
 
 // Reads the entries of an opened list one by one and checks each board file
 // as it is handed out.
 class TestSuiteJobs final : public JobSource {
   public:
-    explicit TestSuiteJobs(TestSuiteList& list) : list_(list) {}
+    // Entries before `firstEntry` are read and passed over unchecked.
+    explicit TestSuiteJobs(TestSuiteList& list, int firstEntry = 1);
     std::optional<BatchJob> next() override;
     std::size_t expected() const override;
 
   private:
     TestSuiteList& list_;
     int given_ = 0;
+    int skipped_ = 0;
     std::string lastPath_;  // of the last entry whose path could be used
 };
 
 // A cycle or entry whose report line has just been written, in run order.
 struct FinishedCycle {
-    std::size_t number = 0;         // from 1 in run order, refused entries counted
+    std::size_t number = 0;         // the cycle, or the entry's place in the list; from 1
     std::string boardFilePath;      // the entry's path; empty in a tournament
     bool tournament = true;         // false for a test-suite entry
     std::vector<PlayedGame> games;  // one per pairing, in pairing order
@@ -85,6 +101,7 @@ enum class AfterCycle {
 };
 
 struct BatchSettings {
+    const Schedule* schedule = &Schedule::fixed();
     unsigned jobs = 1;
     SearchSet searches{};
     // Called under the writer's lock for each cycle or entry whose line was written.
@@ -95,13 +112,33 @@ struct BatchSettings {
     std::chrono::milliseconds progressInterval{500};
 };
 
+// Counts from the start of the block, earlier parts of a resumed run included.
 struct BatchOutcome {
     std::size_t lines = 0;      // game lines written: the first `lines` played cycles or entries
+    std::size_t passed = 0;     // cycles or entries passed in order, refused ones included
     CreditCounts credits{};     // A credits of exactly those lines
     std::string lastPath;       // the path of the last entry passed in order, refused ones included
     bool stopped = false;       // the stop flag cut the run short
     bool reportFailed = false;  // a game line or its own output could not be written
     bool endedEarly = false;    // afterLine asked to stop
+};
+
+// A job whose games are all played, or a refused entry.
+struct FinishedJob {
+    FinishedCycle cycle;
+    std::string refusal;  // no games then
+};
+
+// What a run keeps beside its report, told of each job in run order.
+class JobKeeper {
+  public:
+    virtual ~JobKeeper() = default;
+    // A played job, before its report line: false (with the reason said on
+    // `messages`) ends the run before that line.
+    virtual bool keepRecords(const FinishedCycle& cycle, MessageLog& messages) = 0;
+    // After the job's line and afterLine, or after a refused entry, with the
+    // counts so far.
+    virtual void passed(const BatchOutcome& soFar) = 0;
 };
 
 // Plays every job on up to settings.jobs threads and appends one game line per
@@ -110,8 +147,10 @@ struct BatchOutcome {
 // Once `stop` is set, or afterLine ends the run, no job starts, every thread
 // finishes the game it is playing and abandons the rest of its job; the lines
 // written are then the longest run of finished jobs from the first one on (up
-// to the one after which afterLine stopped).
+// to the one after which afterLine stopped). `before` holds the counts of
+// earlier parts of the block (credits sized to the schedule).
 BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& settings,
-                       const std::atomic<bool>& stop, MessageLog& messages);
+                       const std::atomic<bool>& stop, MessageLog& messages,
+                       JobKeeper* keeper = nullptr, BatchOutcome before = {});
 
 }  // namespace quintline::batch

@@ -5,7 +5,9 @@
 #include <atomic>
 #include <ostream>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "batch/arguments.h"
 #include "harness/clock.h"
@@ -32,10 +34,12 @@ struct Environment {
     Clock& clock;
     const std::atomic<bool>& stop;  // set by Ctrl-C, SIGTERM or SIGHUP
     SearchSet searches{};
+    std::vector<std::string> commandLine{};  // the words after the program name, kept with a run
 };
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console);
 int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console);
+int resumeCommand(const ResumeCommand& command, Environment& environment, Console console);
 int analyseCommand(const AnalyseCommand& command, const SearchSet& searches, Console console);
 
 // Parses the words after the program name and runs what they ask for.

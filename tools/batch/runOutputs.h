@@ -18,14 +18,18 @@ namespace quintline::batch {
 
 class RunOutputs {
   public:
-    explicit RunOutputs(const RunOptions& options);
+    RunOutputs(const RunOptions& options, std::span<const Pairing> pairings);
 
     // Before the report is opened: creates the asked-for files beside their
-    // names, leaving the names untouched. Empty, or the path that cannot be written.
-    std::optional<std::filesystem::path> prepare();
+    // names, leaving the names untouched; when resuming, a CSV already stands.
+    // Empty, or the path that cannot be written.
+    std::optional<std::filesystem::path> prepare(bool resuming = false);
     // Once the report is open: the CSV, holding its header row, takes its
-    // name. Empty, or the path that cannot be written.
-    std::optional<std::filesystem::path> start();
+    // name; when resuming, the CSV is cut to `csvSize` bytes and taken up.
+    // Empty, or the path that cannot be written.
+    std::optional<std::filesystem::path> start(std::uintmax_t csvSize = 0);
+    // The counts of the earlier parts of a resumed run.
+    void restore(const TallyCounts& counts) { tally_.restore(counts); }
 
     // For BatchSettings::afterLine, in run order.
     AfterCycle afterLine(const FinishedCycle& cycle);
@@ -41,6 +45,8 @@ class RunOutputs {
 
   private:
     const RunOptions& options_;
+    std::span<const Pairing> pairings_;
+    bool resuming_ = false;
     RunTally tally_;
     std::unique_ptr<StagedFile> csv_;
     std::unique_ptr<StagedFile> json_;

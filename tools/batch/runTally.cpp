@@ -6,7 +6,8 @@ namespace quintline::batch {
 
 std::vector<SwappedPair> colourSwappedPairs(std::span<const Pairing> pairings) {
     std::vector<SwappedPair> pairs;
-    for (std::size_t n = 0; n + 1 < pairings.size(); n += 2) pairs.push_back({n, n + 1});
+    for (std::size_t n = 0; n + 1 < pairings.size(); n += 2)
+        if (swapsColours(pairings[n], pairings[n + 1])) pairs.push_back({n, n + 1});
     return pairs;
 }
 
@@ -29,6 +30,14 @@ void RunTally::add(std::span<const PlayedGame> games) {
     for (std::size_t p = 0; p < pairs_.size(); ++p)
         ++pentanomials_[p][static_cast<std::size_t>(halfPoints[pairs_[p].first] +
                                                     halfPoints[pairs_[p].second])];
+}
+
+void RunTally::restore(const TallyCounts& counts) {
+    assert(counts.games.size() == games_.size() && counts.credits.size() == credits_.size() &&
+           counts.pentanomials.size() == pentanomials_.size());
+    games_ = counts.games;
+    credits_ = counts.credits;
+    pentanomials_ = counts.pentanomials;
 }
 
 std::size_t RunTally::drawnGames(std::size_t pair) const {

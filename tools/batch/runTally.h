@@ -19,9 +19,17 @@ struct SwappedPair {
     std::size_t second = 0;
 };
 
-// The colour-swapped pairs of a schedule: pairings 1 and 2, 3 and 4, and so
-// on. Every figure on pairs goes through this list.
+// The colour-swapped pairs of a schedule: pairings 2k-1 and 2k where they are
+// the same players at the same depths with the colours changed. Every figure
+// on pairs goes through this list.
 std::vector<SwappedPair> colourSwappedPairs(std::span<const Pairing> pairings);
+
+// The counts of a tally, as plain data that a resumed run starts from.
+struct TallyCounts {
+    std::vector<WinDrawLoss> games;
+    std::vector<std::size_t> credits;
+    std::vector<Pentanomial> pentanomials;
+};
 
 class RunTally {
   public:
@@ -38,6 +46,10 @@ class RunTally {
     std::size_t drawnGames(std::size_t pair) const;
     // Games credited to the A family, by pairing.
     const std::vector<std::size_t>& credits() const { return credits_; }
+
+    TallyCounts counts() const { return {games_, credits_, pentanomials_}; }
+    // Takes up the counts of the same schedule's tally.
+    void restore(const TallyCounts& counts);
 
   private:
     std::span<const Pairing> pairings_;

@@ -26,6 +26,13 @@ bool StagedFile::create() {
     return fd_ >= 0;
 }
 
+bool StagedFile::reopen(std::uintmax_t size) {
+    fd_ = ::open(target_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    if (fd_ < 0 || ::ftruncate(fd_, static_cast<off_t>(size)) != 0) return false;
+    published_ = true;
+    return true;
+}
+
 bool StagedFile::append(std::string_view text) {
     return fd_ >= 0 && appendWhole(fd_, text);
 }

@@ -3,6 +3,7 @@
 // under a temporary name beside it ("NAME.partial") and renamed over the
 // name when ready. Appends after that go straight to it, each whole.
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -17,6 +18,9 @@ class StagedFile {
 
     // Creates the temporary file empty; false when it cannot be written.
     bool create();
+    // Takes up the target as published, cut to its first `size` bytes, for
+    // appends; false when it cannot be written.
+    bool reopen(std::uintmax_t size);
     // Appends the text whole, or leaves the file as it was and returns false.
     bool append(std::string_view text);
     // Renames the temporary file over the target, which until then was
