@@ -104,7 +104,10 @@ void compareAll(PlayerKind kind, std::uint32_t seed) {
         {randomPositions(scaled(150), seed + 3, 16, 9), 3, 3},
         {gamePositions(scaled(60), seed + 4), 3, 3},
         {outweighedFives(scaled(16), seed + 5), 1, 3},
-        {{fiveFacingBlock(91), fiveFacingBlock(3026), fiveFacingBlock(3271)}, 4, 4},
+        {{fiveFacingBlock(87), fiveFacingBlock(91), fiveFacingBlock(295), fiveFacingBlock(3026),
+          fiveFacingBlock(3271)},
+         4,
+         4},
         {onThresholds(), 1, 2},
         // Compact clusters keep the literal depth-4 trees small and often hold
         // threes and fours, where the last line of play can end early.
