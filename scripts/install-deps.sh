@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  g++ cmake make ninja-build pkg-config
+  gcc g++ cmake make ninja-build pkg-config procps
   qt6-base-dev qt6-base-dev-tools libgl-dev libxcb1-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth x11-apps imagemagick

@@ -6,6 +6,6 @@ cd "$(dirname "$0")/.."
 
 ./scripts/install-deps.sh
 
-cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release
+cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUINTLINE_WITH_MPI=ON
 cmake --build build/release -j "$(nproc)"
 cpack --config build/release/CPackConfig.cmake -G DEB -B build/package

@@ -27,27 +27,20 @@ inline std::string gameRecordsPath() {
 #endif
 }
 
-// A move such as "H8": column letter A..O from the left, row 1..15 from the bottom.
-inline bool parseMove(const std::string& text, Point& point) {
-    if (text.size() < 2 || text[0] < 'A' || text[0] > 'O') return false;
-    const int row = std::atoi(text.c_str() + 1);
-    if (row < 1 || row > boardSize) return false;
-    point = {static_cast<std::int16_t>(text[0] - 'A' + 1), static_cast<std::int16_t>(16 - row)};
-    return true;
-}
-
-// Every game of the file; an unreadable file gives an empty list.
+// Every game of the file, one a line, its moves such as "H8": column letter A..O
+// from the left, row 1..15 from the bottom; a word from "#" on ends the line.
+// An unreadable file gives an empty list.
 inline std::vector<GameRecord> loadGameRecords(const std::string& path = gameRecordsPath()) {
     std::vector<GameRecord> games;
     std::ifstream in(path);
-    std::string line;
-    while (std::getline(in, line)) {
+    for (std::string line; std::getline(in, line);) {
         std::istringstream words(line);
-        std::string word;
         GameRecord game;
-        Point point;
-        while (words >> word && word[0] != '#')
-            if (parseMove(word, point)) game.moves.push_back(point);
+        for (std::string word; words >> word && word[0] != '#';) {
+            const int row = std::atoi(word.c_str() + 1);
+            if (word[0] >= 'A' && word[0] <= 'O' && row >= 1 && row <= boardSize)
+                game.moves.push_back({std::int16_t(word[0] - 'A' + 1), std::int16_t(16 - row)});
+        }
         if (!game.moves.empty()) games.push_back(std::move(game));
     }
     return games;

@@ -56,14 +56,6 @@ class RecordingToolkit final : public Toolkit {
     std::string depthBoxText(int index) override { return depthTexts[index]; }
 
     void forget() { lines.clear(); }
-    // The recorded lines that start with `prefix`, without it.
-    std::vector<std::string> with(std::string_view prefix) const {
-        std::vector<std::string> found;
-        for (const std::string& line : lines)
-            if (line.starts_with(prefix)) found.push_back(line.substr(prefix.size()));
-        return found;
-    }
-    std::vector<std::string> messages() const { return with("message "); }
 
   private:
     static void put(std::ostream& out, const auto& part) { out << part; }

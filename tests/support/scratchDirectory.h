@@ -12,15 +12,13 @@ namespace quintline::testing {
 
 class ScratchDirectory {
   public:
-    explicit ScratchDirectory(bool enter = false) {
-        std::random_device seed;
-        path_ = std::filesystem::temp_directory_path() /
-                ("quintline-test-" + std::to_string(seed()) + std::to_string(seed()));
+    explicit ScratchDirectory(bool enter = false)
+        : path_(std::filesystem::temp_directory_path() /
+                ("quintline-test-" + std::to_string(std::random_device()()) +
+                 std::to_string(std::random_device()()))),
+          previous_(enter ? std::filesystem::current_path() : std::filesystem::path()) {
         std::filesystem::create_directories(path_);
-        if (enter) {
-            previous_ = std::filesystem::current_path();
-            std::filesystem::current_path(path_);
-        }
+        if (enter) std::filesystem::current_path(path_);
     }
     ~ScratchDirectory() {
         std::error_code ignored;
@@ -34,20 +32,17 @@ class ScratchDirectory {
     std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
 
   private:
-    std::filesystem::path path_;
-    std::filesystem::path previous_;
+    const std::filesystem::path path_, previous_;
 };
 
 inline std::string readBytes(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
     std::ostringstream out;
-    out << in.rdbuf();
+    out << std::ifstream(file, std::ios::binary).rdbuf();
     return out.str();
 }
 
 inline void writeBytes(const std::filesystem::path& file, const std::string& bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out << bytes;
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
 }
 
 }  // namespace quintline::testing

@@ -1,5 +1,6 @@
 // One search on a saved position agrees with the library's own search on the
-// same stones, for the worked search examples and the cases around them.
+// same stones: each kind and each colour to move, depth 0 to 3, fours, and a
+// game played past its five. (Kinds 3 and 4 over a whole game: the engine tests.)
 
 #include <gtest/gtest.h>
 
@@ -38,12 +39,9 @@ Analysis librarySearch(const Moves& moves, PlayerKind kind, std::int16_t depth,
     return a;
 }
 
-const Moves noStones{};
 const Moves oneStone{{8, 8}};
 const Moves smallOpening{{8, 8}, {9, 8}, {7, 6}};
 const Moves blackFour{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {7, 6}, {8, 5}, {12, 12}};
-const Moves blackThree{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {12, 12}};
-const Moves blackFourWhiteToMove{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {7, 6}, {8, 5}};
 const Moves whiteFour{{5, 6}, {5, 5}, {6, 6}, {6, 5}, {7, 6}, {7, 5}, {12, 12}, {8, 5}, {1, 1}};
 // Black's five along row 1 at move 9; the two moves after it are replayed too.
 const Moves pastAFive{{1, 1}, {1, 3}, {2, 1}, {2, 3},   {3, 1}, {3, 3},
@@ -52,31 +50,16 @@ const Moves pastAFive{{1, 1}, {1, 3}, {2, 1}, {2, 3},   {3, 1}, {3, 3},
 TEST(Analyse, AgreesWithTheLibrarySearchesWhereTheMoverPlaysTheKind) {
     // By default the other colour plays the other family's plain computer.
     const std::tuple<const Moves*, PlayerKind, std::int16_t, PlayerKind, PlayerKind> examples[] = {
-        {&oneStone, computerA, 1, computerB, computerA},
         {&oneStone, computerB, 1, computerA, computerB},
-        {&oneStone, aKnowsB, 1, computerB, aKnowsB},
         {&oneStone, bKnowsA, 1, computerA, bKnowsA},
         {&smallOpening, aKnowsB, 2, computerB, aKnowsB},
-        {&smallOpening, bKnowsA, 2, computerA, bKnowsA},
         {&smallOpening, computerA, 2, computerB, computerA},
-        {&smallOpening, computerB, 2, computerA, computerB},
-        {&smallOpening, computerB, 0, computerA, computerB},
         {&smallOpening, bKnowsA, 0, computerA, bKnowsA},
-        {&blackFour, computerA, 1, computerA, computerB},
-        {&blackFour, computerA, 2, computerA, computerB},
         {&blackFour, computerA, 3, computerA, computerB},
+        {&blackFour, computerB, 2, computerB, computerA},
         {&blackFour, aKnowsB, 2, aKnowsB, computerB},
-        {&blackThree, computerA, 2, computerA, computerB},
-        {&blackThree, computerB, 2, computerB, computerA},
-        {&blackThree, computerA, 1, computerA, computerB},
-        {&blackThree, computerB, 1, computerB, computerA},
-        {&blackFourWhiteToMove, computerA, 1, computerB, computerA},
-        {&blackFourWhiteToMove, computerA, 2, computerB, computerA},
-        {&whiteFour, aKnowsB, 1, computerB, aKnowsB},
-        {&whiteFour, aKnowsB, 2, computerB, aKnowsB},
         {&whiteFour, aKnowsB, 3, computerB, aKnowsB},
         {&pastAFive, computerA, 3, computerB, computerA},
-        {&noStones, computerA, 2, computerA, computerB},
     };
     ScratchDirectory dir;
     for (const auto& [moves, kind, depth, blackKind, whiteKind] : examples) {

@@ -1,6 +1,5 @@
 #pragma once
-// Shared pieces of the batch runner's tests: cheaper searches, board files
-// written from move lists, real games, and reports split into lines.
+// Shared pieces of the runner's and the engine's tests.
 
 #include <algorithm>
 #include <filesystem>
@@ -40,10 +39,6 @@ struct LibraryGame {
         game.newGame();
     }
 };
-
-// A board file of a 19 x 19 board, which the program refuses.
-inline constexpr const char* wideBoardFile =
-    "Grid Size\r\n 19 \r\nPiece number\r\n 5 \r\nTotal Move\r\n 0 \r\nUserTurn\r\n 1 \r\nend\r\n";
 
 // A board file holding the moves in order, colours alternating from black.
 inline void writeBoardFile(const std::filesystem::path& file, const std::vector<Point>& moves) {

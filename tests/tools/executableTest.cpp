@@ -1,6 +1,5 @@
-// The built quintline-batch program itself: a test-suite run in the current
-// directory equal to the library's on one or two threads, stop signals, and
-// two runs on one report.
+// The built quintline-batch program itself: two runs on one report, and a run
+// killed, stopped by each stop signal and resumed to the uninterrupted run.
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -57,51 +56,18 @@ Finished run(const std::vector<std::string>& args, const std::filesystem::path& 
             readBytes(dir / "stderr.log")};
 }
 
-// A list of `count` positions four moves before the end of three real games
-// in turn, then the `extra` entries, all relative to the current directory.
-void writeLateSuite(const ScratchDirectory& dir, const std::string& list, int count,
-                    const std::vector<std::string>& extra = {}) {
-    std::string text = std::to_string(count + static_cast<int>(extra.size())) + "\r\n";
+// A list of `count` positions four moves before the end of three real games in
+// turn, relative to the current directory; and the untimed lines the library writes for it.
+std::vector<std::string> writeLateSuite(const ScratchDirectory& dir, int count) {
+    std::string text = std::to_string(count) + "\r\n";
     for (int i = 0; i < count; ++i) text += "late" + std::to_string(i % 3) + ".txt\r\n";
-    for (const std::string& entry : extra) text += entry + "\r\n";
-    writeBytes(dir / list, text + "ignored.txt\r\n");
+    writeBytes(dir / "testsuit.txt", text + "ignored.txt\r\n");
     for (std::size_t i = 0; i < 3; ++i)
         writeBoardFile(dir / ("late" + std::to_string(i) + ".txt"), recordedGame(i, 4));
-}
-
-// The untimed lines the library writes for a list in the current directory.
-std::vector<std::string> libraryRun(const std::string& list,
-                                    SilentToolkit::MessageHook onMessage = {}) {
-    LibraryGame library({}, std::move(onMessage));
+    LibraryGame library;
     SystemClock clock;
-    runTestSuite(library.game, clock, list, "library.txt");
+    runTestSuite(library.game, clock, "testsuit.txt", "library.txt");
     return reportLines("library.txt", true);
-}
-
-TEST(Program, ATestSuiteOnOneOrTwoThreadsWritesTheLibraryRunsLinesAndRefusalsOnce) {
-    ScratchDirectory dir(true);
-    writeBytes(dir / "wide.txt", wideBoardFile);
-    writeLateSuite(dir, "testsuit.txt", 4, {"wide.txt", "missing.txt"});
-    std::vector<std::string> heard;
-    const auto expected =
-        libraryRun("testsuit.txt", [&](std::string_view text) { heard.emplace_back(text); });
-    ASSERT_EQ(expected.size(), 6u);  // header, four game lines, summary
-    ASSERT_EQ(heard.size(), 2u);
-
-    std::vector<std::string> tables;
-    for (const char* jobs : {"--jobs=1", "--jobs=2"}) {
-        const Finished f = run({"testsuite", jobs}, dir.path());
-        ASSERT_EQ(f.status, 0) << f.err;
-        EXPECT_EQ(f.err, "entry 5 (wide.txt) skipped: " + heard[0] +
-                             "\nentry 6 (missing.txt) skipped: " + heard[1] + "\n");
-        const auto lines = reportLines(dir / "result.txt", true);
-        ASSERT_GE(lines.size(), 6u);
-        EXPECT_EQ(std::vector(lines.end() - 6, lines.end()), expected) << jobs;
-        tables.push_back(f.out);
-    }
-    EXPECT_EQ(tables[0], tables[1]);
-    // The tail names the last entry, though it was refused.
-    EXPECT_EQ(reportLines(dir / "result.txt").back().rfind("missing.txt", 0), 0u);
 }
 
 // Waits (for at most five minutes) until `done` holds.
@@ -111,47 +77,10 @@ void waitFor(const std::function<bool()>& done) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
 }
 
-TEST(Program, CtrlCSigtermAndSighupKeepTheBlockOfTheEntriesPlayedSoFar) {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        SCOPED_TRACE(signal);
-        ScratchDirectory dir(true);
-        writeLateSuite(dir, "testsuit.txt", 300);
-        const Finished f =
-            run({"testsuite", "--jobs", "2", "--games-csv", "g.csv", "--summary-json", "s.json"},
-                dir.path(), [&](pid_t pid) {
-                    // Once the first game line stands behind the start and header lines.
-                    waitFor([&] { return reportLines(dir / "result.txt").size() >= 3; });
-                    kill(pid, signal);
-                });
-        EXPECT_EQ(f.status, 128 + signal) << f.err;
-        const auto lines = reportLines(dir / "result.txt");
-        ASSERT_GE(lines.size(), 6u);
-        const int games = static_cast<int>(lines.size()) - 5;
-        EXPECT_NE(f.err.find("stopped: " + std::to_string(games) + " whole lines kept"),
-                  std::string::npos)
-            << f.err;
-        EXPECT_NE(f.out.find("1 A(3):B(2)"), std::string::npos);
-        // The CSV and the summary cover the same entries, each row naming its entry.
-        const auto summary = nlohmann::json::parse(readBytes(dir / "s.json"));
-        EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["run"]["played"],
-                             summary["run"]["seed"]),
-                  std::tuple("interrupt", games, nullptr));
-        const std::string csv = readBytes(dir / "g.csv");
-        EXPECT_EQ(std::ranges::count(csv, '\n'), 1 + games * 14);
-        const std::string lastRow =
-            "\n,late" + std::to_string((games - 1) % 3) + ".txt,14,B-K-A(3)";
-        EXPECT_EQ(csv.rfind(lastRow), csv.rfind('\n', csv.size() - 2)) << csv;
-        // Exactly the block a run of that many entries writes, its tail naming the last of them.
-        writeLateSuite(dir, "kept.txt", games);
-        EXPECT_EQ(reportLines(dir / "result.txt", true), libraryRun("kept.txt"));
-        const std::string last = "late" + std::to_string((games - 1) % 3) + ".txt";
-        EXPECT_EQ(lines[static_cast<std::size_t>(3 + games)].rfind(last + "End Time: ", 0), 0u);
-    }
-}
-
+// The test suite in the current directory, after another run on its report.
 TEST(Program, ASecondRunOnAReportWaitsForTheFirstOrWithNoWaitIsRefused) {
     ScratchDirectory dir(true);
-    writeLateSuite(dir, "testsuit.txt", 1);
+    const auto expected = writeLateSuite(dir, 4);
     writeBytes(dir / "result.txt", "first run\r\n");
     std::optional<ReportLock> firstRun(std::in_place);
     ASSERT_EQ(firstRun->tryTake(dir / "result.txt"), ReportLock::Outcome::taken);
@@ -160,15 +89,21 @@ TEST(Program, ASecondRunOnAReportWaitsForTheFirstOrWithNoWaitIsRefused) {
               std::tuple(1, "quintline-batch: result.txt is in use by another run! Not started\n",
                          "first run\r\n"));
     std::filesystem::remove(dir / "stderr.log");
-    const Finished waited = run({"testsuite"}, dir.path(), [&](pid_t) {
-        waitFor([&] { return !readBytes(dir / "stderr.log").empty(); });
-        EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
-        firstRun.reset();
-    });
+    const Finished waited = run({"testsuite", "--games-csv", "g.csv", "--summary-json", "s.json"},
+                                dir.path(), [&](pid_t) {
+                                    waitFor([&] { return !readBytes(dir / "stderr.log").empty(); });
+                                    EXPECT_EQ(readBytes(dir / "result.txt"), "first run\r\n");
+                                    firstRun.reset();
+                                });
     EXPECT_EQ(
         std::tuple(waited.status, waited.err),
         std::tuple(0, "quintline-batch: waiting for another run to finish with result.txt\n"));
-    EXPECT_EQ(reportLines(dir / "result.txt").size(), 7u);
+    // Then the block the library writes, CSV rows naming their entries, and no seed.
+    EXPECT_EQ(nlohmann::json::parse(readBytes(dir / "s.json"))["run"]["seed"], nullptr);
+    const auto lines = reportLines(dir / "result.txt", true);
+    EXPECT_EQ(std::vector(lines.begin() + 1, lines.end()), expected);
+    const std::string csv = readBytes(dir / "g.csv");
+    EXPECT_EQ(csv.rfind("\n,late0.txt,14,B-K-A(3)"), csv.rfind('\n', csv.size() - 2));
 }
 
 // Every file a run keeps, by name relative to `dir`, without the times of the report.
@@ -203,15 +138,29 @@ TEST(Program, ARunKilledStoppedAndKilledAgainResumesToTheUninterruptedRun) {
     std::filesystem::create_directories(cut);
     ASSERT_EQ(run(args, whole).status, 0);
 
-    // Killed as soon as the sidecar stands, then stopped by Ctrl-C, then killed again.
+    // Killed as soon as the sidecar stands; then stopped by each stop signal and killed again.
     ASSERT_EQ(run(args, cut, signalAt(cut / "r.txt.run.json", 1, SIGKILL)).status, 128 + SIGKILL);
-    ASSERT_EQ(run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", 5, SIGINT)).status,
-              130);
-    const std::size_t stopped = reportLines(cut / "r.txt").size();
-    ASSERT_EQ(
-        run({"resume", "--report", "r.txt"}, cut, signalAt(cut / "r.txt", stopped + 3, SIGKILL))
-            .status,
-        128 + SIGKILL);
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGKILL}) {
+        SCOPED_TRACE(signal);
+        const std::size_t before = reportLines(cut / "r.txt").size();
+        const Finished f =
+            run({"resume", "--report", "r.txt"}, cut,
+                signalAt(cut / "r.txt", std::max(before + 3, std::size_t{5}), signal));
+        ASSERT_EQ(f.status, 128 + signal) << f.err;
+        if (signal == SIGKILL) break;
+        // The whole cycles so far, in the report, the CSV and the summary alike.
+        const auto lines = reportLines(cut / "r.txt");
+        const int cycles = static_cast<int>(lines.size()) - 5;
+        EXPECT_NE(f.err.find("stopped: " + std::to_string(cycles) + " whole lines kept"),
+                  std::string::npos)
+            << f.err;
+        EXPECT_TRUE(lines[lines.size() - 2].starts_with("End Time: ")) << lines.back();
+        EXPECT_NE(f.out.find("1 A(3):B(2)"), std::string::npos);
+        const auto summary = nlohmann::json::parse(readBytes(cut / "s.json"));
+        EXPECT_EQ(std::tuple(summary["run"]["stoppedBy"], summary["run"]["played"]),
+                  std::tuple("interrupt", cycles));
+        EXPECT_EQ(std::ranges::count(readBytes(cut / "g.csv"), '\n'), 1 + cycles * 14);
+    }
     // A report that no longer ends with the run's block is refused, and left alone.
     const std::string report = readBytes(cut / "r.txt");
     writeBytes(cut / "r.txt", report + "start Time: 12:00:00\r\n");

@@ -52,14 +52,10 @@ TEST(Statistics, FiguresWorkedOutByHand) {
     // 1 2 3 4 2: mean 7/12, var 0.086806; nElo error 1.96 x 800/ln 10 / sqrt 24.
     const std::tuple<Pentanomial, std::size_t, std::vector<Figure>> pairs[] = {
         {{0, 0, 0, 0, 0}, 0, {none, none, none, none, none, none, none}},
-        {{0, 0, 3, 0, 0}, 6, {0.0, 0.0, none, 278.001260, none, 1.0, none}},
-        {{1, 0, 2, 0, 0},
-         0,
-         {-120.411998, 264.532918, -173.717793, 278.001260, 0.110336, 0.0, 0.0}},
-        {{1, 2, 3, 4, 2},
-         7,
-         {58.451214, 124.675836, 69.487117, 139.000630, 0.836407, 0.291667, 2.0}},
-        {{0, 0, 0, 0, 2}, 0, {none, none, none, 340.480617, none, 0.0, none}},
+        {{0, 0, 3, 0, 0}, 6, {0.0, 0.0, none, 278.0013, none, 1.0, none}},
+        {{1, 0, 2, 0, 0}, 0, {-120.4120, 264.5329, -173.7178, 278.0013, 0.11034, 0.0, 0.0}},
+        {{1, 2, 3, 4, 2}, 7, {58.4512, 124.6758, 69.4871, 139.0006, 0.83641, 0.29167, 2.0}},
+        {{0, 0, 0, 0, 2}, 0, {none, none, none, 340.4806, none, 0.0, none}},
     };
     for (const auto& [counts, drawn, want] : pairs) {
         const PairFigures f = pairFigures(counts, drawn);

@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QListWidget>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include "support/controlTable.h"
+#include "support/golden.h"
 #include "ui/aboutBox.h"
 #include "ui/boardFileDialog.h"
 #include "ui/settingsDialog.h"
@@ -36,6 +33,7 @@ TEST(SettingsDialog, ValuesRoundTripAndFollowTheUser) {
     EXPECT_EQ(dialog.values().situation, Situation::bKnowsA);
 }
 
+// Each dialog ends with the path it names in the directory Dir1 shows, or none.
 TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
     QTemporaryDir scratch;
     const QString previous = QDir::currentPath();
@@ -74,7 +72,6 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
             QString::fromStdString(path).replace(here, "~") + (dialog.isVisible() ? " open" : ""),
             step.path);
     }
-
     // Dir1 shows the way down to the directory, which is selected, then its
     // subdirectories; an entry activated shows its files in File1, and the
     // process stays where it was.
@@ -89,8 +86,8 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
         for (auto* file : in<QListWidget>(dialog, "File1")->findItems("*", Qt::MatchWildcard))
             seen << file->text();
     }
-    EXPECT_EQ(seen.join(' '), "~/sub c.txt ~ a.txt b.txt");
-    EXPECT_EQ(QDir::currentPath(), here);
+    EXPECT_EQ(seen.join(' ') + (QDir::currentPath() == here ? "" : " moved"),
+              "~/sub c.txt ~ a.txt b.txt");
     QDir::setCurrent(previous);
 }
 

@@ -41,13 +41,12 @@ TEST(BoardFigures, DrawIntoTheImageAtItsScale) {
         if (d.figure == 'G') clearAndGrid(c);
         QRect changed;
         int counts[3] = {};  // black, white, other
-        for (int y = 0; y < blank.height(); ++y) {
-            for (int x = 0; x < blank.width(); ++x) {
-                const QRgb p = c.image().pixel(x, y);
-                if (p != blank.pixel(x, y)) changed |= QRect(x, y, 1, 1);
-                if (p != blank.pixel(x, y)) ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
-            }
-        }
+        for (int y = 0; y < blank.height(); ++y)
+            for (int x = 0; x < blank.width(); ++x)
+                if (const QRgb p = c.image().pixel(x, y); p != blank.pixel(x, y)) {
+                    changed |= QRect(x, y, 1, 1);
+                    ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
+                }
         drawn += QString::asprintf("%s: %d %d %d %d black %d white %d other %d\n", d.name,
                                    changed.left(), changed.top(), changed.right(), changed.bottom(),
                                    counts[0], counts[1], counts[2]);

@@ -89,6 +89,10 @@ on stdout do too. A second signal of the same kind ends the program at once, lea
 whole lines. One run at a time appends to a report: a second one waits for the
 first to finish, or with --no-wait is refused.
 
+Built with QUINTLINE_WITH_MPI and started by mpirun (or srun), a run uses
+every rank: rank 0 writes every output as above, the other ranks play the
+cycles or entries it hands out on --jobs threads each.
+
 Exit status: 0 done (an SPRT stop included), 1 an input refused (nothing
 written to the report), 2 a usage error, 128 + the signal's number when
 stopped by one (130 for Ctrl-C). A test-suite list with fewer entries than its

@@ -85,7 +85,10 @@ std::optional<std::vector<PlayedGame>> playJob(Game& game, const Schedule& sched
 
 namespace {
 
-class BatchRun {
+// Shared with the threads that play, which may outlive the call when a run
+// with remote players halts; so it keeps its own copy of the schedule and
+// touches nothing of the caller's once abandoned.
+class BatchRun final : public RemoteHost, public std::enable_shared_from_this<BatchRun> {
   public:
     BatchRun(JobSource& source, Report& report, const BatchSettings& settings,
              const std::atomic<bool>& stop, MessageLog& messages, JobKeeper* keeper,
@@ -93,11 +96,14 @@ class BatchRun {
         : source_(source),
           report_(report),
           settings_(settings),
+          schedule_(*settings.schedule),
           stop_(stop),
           messages_(messages),
           keeper_(keeper),
           outcome_(std::move(before)),
-          writer_([this](std::size_t, FinishedJob& job) { return write(job); }) {}
+          writer_([this](std::size_t, FinishedJob& job) { return write(job); }) {
+        settings_.schedule = &schedule_;
+    }
 
     BatchOutcome run() {
         const std::size_t threads =
@@ -105,30 +111,96 @@ class BatchRun {
         running_ = threads;
         std::vector<std::thread> workers;
         workers.reserve(threads);
-        for (std::size_t i = 0; i < threads; ++i) workers.emplace_back([this] { work(); });
+        for (std::size_t i = 0; i < threads; ++i)
+            workers.emplace_back([self = shared_from_this()] { self->work(); });
+        RemotePlayers* remote = settings_.remote;
+        if (remote) remote->start(schedule_, settings_.jobs);
         reportProgressUntilDone();
-        for (std::thread& worker : workers) worker.join();
+        if (remote) remote->halt();
+        if (remote && halted()) {
+            // Nothing more is written; the threads finish their games unwatched.
+            writer_.cut(0);
+            std::lock_guard lock(sayMutex_);
+            abandoned_ = true;
+            for (std::thread& worker : workers) worker.detach();
+        } else {
+            for (std::thread& worker : workers) worker.join();
+        }
 
         BatchOutcome outcome = outcome_;
+        std::lock_guard lock(sourceMutex_);
         const bool complete = exhausted_ && writer_.handedOn() == handedOut_;
         outcome.stopped = !complete && !outcome.reportFailed && !outcome.endedEarly;
+        outcome.rankLost = lost_;
         return outcome;
     }
 
+    std::optional<std::pair<std::size_t, BatchJob>> takePlayable() override {
+        while (auto taken = take()) {
+            if (taken->second.refusal.empty()) return taken;
+            ++refused_;
+            writer_.complete(taken->first, finishedShell(taken->second));
+        }
+        return std::nullopt;
+    }
+
+    void complete(std::size_t index, const BatchJob& job, std::vector<PlayedGame> games) override {
+        gamesDone_ += games.size();
+        FinishedJob finished = finishedShell(job);
+        finished.cycle.games = std::move(games);
+        writer_.complete(index, std::move(finished));
+    }
+
+    void stopRequested() override { remoteStop_ = true; }
+
+    void rankLost(std::string_view message) override {
+        if (lost_.exchange(true)) return;
+        messages_.line(message);
+        remoteStop_ = true;
+    }
+
   private:
-    bool halted() const { return stop_.load() || failed_.load() || ended_.load(); }
+    bool halted() const {
+        return abandoned_.load() || stop_.load() || failed_.load() || ended_.load() ||
+               remoteStop_.load();
+    }
+
+    static FinishedJob finishedShell(const BatchJob& job) {
+        return {{static_cast<std::size_t>(job.number),
+                 job.boardFilePath,
+                 std::holds_alternative<Opening>(job.start),
+                 {}},
+                job.refusal};
+    }
 
     std::size_t gamesExpected() const {
         const std::size_t jobs = source_.expected();
         const std::size_t refused = refused_.load();
-        return (jobs > refused ? jobs - refused : 0) * settings_.schedule->size();
+        return (jobs > refused ? jobs - refused : 0) * schedule_.size();
     }
 
+    // With remote players, drives them every few milliseconds, and returns
+    // as soon as the run halts.
     void reportProgressUntilDone() {
+        RemotePlayers* remote = settings_.remote;
+        const auto wait = remote ? std::chrono::milliseconds(5) : settings_.progressInterval;
+        auto nextProgress = std::chrono::steady_clock::now() + settings_.progressInterval;
         std::unique_lock lock(doneMutex_);
-        while (!doneCondition_.wait_for(lock, settings_.progressInterval,
-                                        [this] { return running_ == 0; }))
-            if (settings_.onProgress) settings_.onProgress(gamesDone_.load(), gamesExpected());
+        for (;;) {
+            bool remoteBusy = false;
+            if (remote) {
+                lock.unlock();
+                remoteBusy = remote->pump(*this);
+                lock.lock();
+                if (halted()) break;
+            }
+            if (running_ == 0 && !remoteBusy) break;
+            doneCondition_.wait_for(lock, wait);
+            if (settings_.onProgress && std::chrono::steady_clock::now() >= nextProgress) {
+                settings_.onProgress(gamesDone_.load(), gamesExpected());
+                nextProgress += settings_.progressInterval;
+            }
+        }
         if (settings_.onProgress) settings_.onProgress(gamesDone_.load(), gamesExpected());
     }
 
@@ -145,27 +217,27 @@ class BatchRun {
         return std::pair{handedOut_++, std::move(*job)};
     }
 
+    void say(std::string_view text) {
+        std::lock_guard lock(sayMutex_);
+        if (!abandoned_) messages_.line(text);
+    }
+
     void work() {
-        SilentToolkit toolkit([this](std::string_view text) { messages_.line(text); });
+        SilentToolkit toolkit([this](std::string_view text) { say(text); });
         // A game's tables are large; keep them off the thread's stack.
         auto game = std::make_unique<Game>(toolkit, settings_.searches);
         game->startSession();
         game->newGame();
         while (auto taken = take()) {
             auto& [index, job] = *taken;
-            FinishedJob finished{{static_cast<std::size_t>(job.number),
-                                  job.boardFilePath,
-                                  std::holds_alternative<Opening>(job.start),
-                                  {}},
-                                 job.refusal};
+            FinishedJob finished = finishedShell(job);
             if (!job.refusal.empty()) {
                 ++refused_;
                 writer_.complete(index, std::move(finished));
                 continue;
             }
             auto games = playJob(
-                *game, *settings_.schedule, job, [this] { return halted(); },
-                [this] { ++gamesDone_; });
+                *game, schedule_, job, [this] { return halted(); }, [this] { ++gamesDone_; });
             if (!games) {
                 writer_.cut(index);
                 break;
@@ -217,7 +289,8 @@ class BatchRun {
 
     JobSource& source_;
     Report& report_;
-    const BatchSettings& settings_;
+    BatchSettings settings_;
+    const Schedule schedule_;
     const std::atomic<bool>& stop_;
     MessageLog& messages_;
     JobKeeper* keeper_;
@@ -227,7 +300,11 @@ class BatchRun {
     std::size_t handedOut_ = 0;
 
     std::atomic<bool> failed_{false};
-    std::atomic<bool> ended_{false};  // afterLine ended the run
+    std::atomic<bool> ended_{false};       // afterLine ended the run
+    std::atomic<bool> remoteStop_{false};  // a remote player stopped or was lost
+    std::atomic<bool> lost_{false};
+    std::atomic<bool> abandoned_{false};  // the caller has gone: touch nothing of its
+    std::mutex sayMutex_;
     std::atomic<std::size_t> gamesDone_{0};
     std::atomic<std::size_t> refused_{0};
 
@@ -245,8 +322,9 @@ BatchOutcome playBatch(JobSource& source, Report& report, const BatchSettings& s
                        const std::atomic<bool>& stop, MessageLog& messages, JobKeeper* keeper,
                        BatchOutcome before) {
     if (before.credits.empty()) before.credits.assign(settings.schedule->size(), 0);
-    BatchRun run(source, report, settings, stop, messages, keeper, std::move(before));
-    return run.run();
+    auto run = std::make_shared<BatchRun>(source, report, settings, stop, messages, keeper,
+                                          std::move(before));
+    return run->run();
 }
 
 }  // namespace quintline::batch

@@ -10,6 +10,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -100,6 +102,8 @@ enum class AfterCycle {
     outputFailed,  // the cycle's own output could not be written: stop as for the report
 };
 
+class RemotePlayers;
+
 struct BatchSettings {
     const Schedule* schedule = &Schedule::fixed();
     unsigned jobs = 1;
@@ -110,6 +114,11 @@ struct BatchSettings {
     // and once at the end.
     std::function<void(std::size_t gamesDone, std::size_t gamesExpected)> onProgress;
     std::chrono::milliseconds progressInterval{500};
+    // Players in other processes taking jobs beside this process's threads
+    // (the other ranks of an MPI run). With them a halted run returns at once:
+    // the games under way anywhere are dropped, as the launcher may kill every
+    // process soon after a stop signal.
+    RemotePlayers* remote = nullptr;
 };
 
 // Counts from the start of the block, earlier parts of a resumed run included.
@@ -121,6 +130,7 @@ struct BatchOutcome {
     bool stopped = false;       // the stop flag cut the run short
     bool reportFailed = false;  // a game line or its own output could not be written
     bool endedEarly = false;    // afterLine asked to stop
+    bool rankLost = false;      // a remote player stopped answering
 };
 
 // A job whose games are all played, or a refused entry.
@@ -139,6 +149,38 @@ class JobKeeper {
     // After the job's line and afterLine, or after a refused entry, with the
     // counts so far.
     virtual void passed(const BatchOutcome& soFar) = 0;
+};
+
+// What a run offers the players of other processes; called from the thread
+// that drives them.
+class RemoteHost {
+  public:
+    // The next job to play elsewhere and its place in run order, refused
+    // entries being passed on the way; nothing once the run is over or halted.
+    virtual std::optional<std::pair<std::size_t, BatchJob>> takePlayable() = 0;
+    // The games of a job that takePlayable handed out.
+    virtual void complete(std::size_t index, const BatchJob& job,
+                          std::vector<PlayedGame> games) = 0;
+    // Another process was asked to stop: the run stops as on Ctrl-C.
+    virtual void stopRequested() = 0;
+    // Another process is gone: the run ends after saying `message`.
+    virtual void rankLost(std::string_view message) = 0;
+
+  protected:
+    ~RemoteHost() = default;
+};
+
+// Players in other processes, driven by playBatch from its calling thread.
+class RemotePlayers {
+  public:
+    virtual ~RemotePlayers() = default;
+    // Before the first job: they play `schedule` on `jobs` threads each.
+    virtual void start(const Schedule& schedule, unsigned jobs) = 0;
+    // Called every few milliseconds while the run lasts: hands jobs to those
+    // that ask and completes what they finished. True while jobs are out.
+    virtual bool pump(RemoteHost& host) = 0;
+    // The run is over or halted: nothing out is wanted any more.
+    virtual void halt() = 0;
 };
 
 // Plays every job on up to settings.jobs threads and appends one game line per

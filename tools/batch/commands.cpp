@@ -32,6 +32,7 @@ BatchSettings settingsFor(unsigned jobs, const Environment& environment, const C
     BatchSettings settings;
     settings.jobs = jobs;
     settings.searches = environment.searches;
+    settings.remote = environment.remote;
     if (console.progress) {
         std::ostream& err = console.err;
         const auto started = std::chrono::steady_clock::now();
@@ -117,6 +118,7 @@ int finish(const BatchOutcome& outcome, Report& report, RunOutputs& outputs, Run
                                   " resume --report " + report.file().string() + ")");
     facts.played = outcome.lines;
     facts.stoppedBy = broken               ? StopCause::report
+                      : outcome.rankLost   ? StopCause::rank
                       : outcome.endedEarly ? StopCause::sprt
                       : outcome.stopped    ? StopCause::interrupt
                                            : StopCause::none;
@@ -125,7 +127,7 @@ int finish(const BatchOutcome& outcome, Report& report, RunOutputs& outputs, Run
         complain(console.err, reportStopped(outputs.summaryPath()));
         return exitRefused;
     }
-    return broken ? exitRefused : outcome.stopped ? exitStopped : exitDone;
+    return broken || outcome.rankLost ? exitRefused : outcome.stopped ? exitStopped : exitDone;
 }
 
 // Takes the report's lock, waiting for another run to let go of it unless

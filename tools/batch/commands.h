@@ -15,6 +15,8 @@
 
 namespace quintline::batch {
 
+class RemotePlayers;
+
 enum ExitStatus : int {
     exitDone = 0,
     exitRefused = 1,
@@ -35,6 +37,7 @@ struct Environment {
     const std::atomic<bool>& stop;  // set by Ctrl-C, SIGTERM or SIGHUP
     SearchSet searches{};
     std::vector<std::string> commandLine{};  // the words after the program name, kept with a run
+    RemotePlayers* remote = nullptr;         // the other ranks of an MPI run
 };
 
 int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console);

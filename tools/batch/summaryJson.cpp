@@ -21,6 +21,8 @@ json stopCause(StopCause cause) {
             return "sprt";
         case StopCause::report:
             return "report";
+        case StopCause::rank:
+            return "rank";
         case StopCause::none:
             break;
     }

@@ -11,7 +11,7 @@
 
 namespace quintline::batch {
 
-enum class StopCause { none, interrupt, sprt, report };
+enum class StopCause { none, interrupt, sprt, report, rank };
 
 struct RunFacts {
     std::string command;                // "tournament" or "testsuite"
