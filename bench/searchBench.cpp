@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "game/game.h"
+#include "game/seatedSearch.h"
 #include "game/silentToolkit.h"
 #include "harness/opening.h"
 #include "harness/pairingGame.h"
@@ -47,38 +48,12 @@ std::vector<SearchState> signaturePositions() {
     return list;
 }
 
-// Sets the colours' kinds so that a knowing kind is to move against the other
-// family's plain kind.
-void seatKind(SearchState& s, PlayerKind kind) {
-    if (kind != aKnowsB && kind != bKnowsA) return;
-    const PlayerKind other = kind == aKnowsB ? computerB : computerA;
-    const bool blackMoves = (s.stepNum / 2) * 2 == s.stepNum;
-    s.blackSide = blackMoves ? kind : other;
-    s.whiteSide = blackMoves ? other : kind;
-}
-
-// Runs one search of `kind` from `set` and returns the root value (own score for
-// the knowing kinds).
-Score runKind(const SearchSet& set, PlayerKind kind, SearchState& s, std::int16_t depth) {
-    const std::int16_t step = s.stepNum;
-    switch (kind) {
-        case computerA:
-            return set.searchA(s, step, depth);
-        case computerB:
-            return set.searchB(s, step, depth);
-        case aKnowsB:
-            return set.searchAKnowsB(s, step, depth).ownScore;
-        default:
-            return set.searchBKnowsA(s, step, depth).ownScore;
-    }
-}
-
 double secondsFor(const SearchSet& set, PlayerKind kind, std::int16_t depth, std::uint64_t* nodes) {
     const auto start = std::chrono::steady_clock::now();
     for (const SearchState& position : benchPositions()) {
         SearchState s = position;
-        seatKind(s, kind);
-        benchmark::DoNotOptimize(runKind(set, kind, s, depth));
+        seatSides(s, kind);
+        benchmark::DoNotOptimize(set.run(kind, s, depth));
         if (nodes) *nodes += s.nodesSearched;
     }
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
@@ -159,23 +134,28 @@ BENCHMARK(pairingCyclesBesideLiteral)->UseManualTime()->Unit(benchmark::kMillise
 int printSignature() {
     std::uint64_t nodes = 0;
     std::uint64_t checksum = 0;
+    std::uint64_t modelChecksum = 0;  // the knowing kinds' model scores
     for (PlayerKind kind = computerA; kind <= bKnowsA; ++kind) {
         std::uint64_t kindNodes = 0;
         for (const SearchState& position : signaturePositions()) {
             SearchState s = position;
-            seatKind(s, kind);
+            seatSides(s, kind);
             const std::int16_t step = s.stepNum;
-            const Score value = runKind(SearchSet{}, kind, s, 3);
+            const nodeScores scores = SearchSet{}.run(kind, s, 3).value();
             kindNodes += s.nodesSearched;
-            for (std::int64_t part : {std::int64_t{value}, std::int64_t{s.bestX[step]},
+            for (std::int64_t part : {std::int64_t{scores.ownScore}, std::int64_t{s.bestX[step]},
                                       std::int64_t{s.bestY[step]}, std::int64_t{s.stepNum}})
                 checksum = checksum * 1000003u + static_cast<std::uint64_t>(part);
+            if (kind == aKnowsB || kind == bKnowsA)
+                modelChecksum = modelChecksum * 1000003u +
+                                static_cast<std::uint64_t>(std::int64_t{scores.modelScore});
         }
         std::printf("kind %d: nodes %llu\n", kind, static_cast<unsigned long long>(kindNodes));
         nodes += kindNodes;
     }
-    std::printf("signature: nodes %llu checksum %016llx\n", static_cast<unsigned long long>(nodes),
-                static_cast<unsigned long long>(checksum));
+    std::printf("signature: nodes %llu checksum %016llx model %016llx\n",
+                static_cast<unsigned long long>(nodes), static_cast<unsigned long long>(checksum),
+                static_cast<unsigned long long>(modelChecksum));
     return 0;
 }
 

@@ -24,26 +24,7 @@ std::string_view runningCaption(PlayerKind kind) {
     }
 }
 
-// The search of `kind` from the state's stone count; the score it reports, from
-// black's view. Kinds outside 1..4 have no search.
-std::optional<Score> runSearch(const SearchSet& searches, GameState& s, PlayerKind kind,
-                               std::int16_t depth) {
-    const std::int16_t step = s.stepNum;
-    switch (kind) {
-        case computerA:
-            return searches.searchA(s, step, depth);
-        case computerB:
-            return searches.searchB(s, step, depth);
-        case aKnowsB:
-            return searches.searchAKnowsB(s, step, depth).ownScore;
-        case bKnowsA:
-            return searches.searchBKnowsA(s, step, depth).ownScore;
-        default:
-            return std::nullopt;
-    }
-}
-
-std::string_view prediction(Score score, Score winScore, int horizon) {
+std::string_view prediction(Score score, int horizon) {
     if (score >= winScore) return captions::blackWillWin;
     if (score <= -winScore) return captions::whiteWillWin;
     if (horizon == maxStones) return captions::noOneWillWin;
@@ -69,20 +50,20 @@ GameCode Game::computerMove(PlayerKind kind) {
         s.bestX[step] = 0;
         s.bestY[step] = 0;
 
-        std::optional<Score> score;
+        std::optional<nodeScores> scores;
         if (kind >= computerA && kind <= bKnowsA) {
             toolkit_.setCaption(Control::Label1, std::to_string(depth));
             toolkit_.setCaption(Control::whoRun, runningCaption(kind));
             // Below depth 1 the search only scores the position and chooses
             // nothing; a negative depth would never reach a leaf.
-            score = runSearch(searches_, s, kind, std::max<std::int16_t>(depth, 0));
+            scores = searches_.run(kind, s, std::max<std::int16_t>(depth, 0));
             s.stepNum = step;  // every search node wrote it
-            toolkit_.setCaption(Control::winLab, prediction(*score, s.winScore, step + depth));
+            toolkit_.setCaption(Control::winLab, prediction(scores->ownScore, step + depth));
         }
 
         const std::int16_t x = s.bestX[step];
         const std::int16_t y = s.bestY[step];
-        if (score && onBoard(x, y) && s.position.board[x][y] == empty) {
+        if (scores && onBoard(x, y) && s.position.board[x][y] == empty) {
             Putchess(x, y, side);
             s.gameResult = gameEndTest(s.position, s.stepNum, x, y, side);
             markCandidates();

@@ -33,8 +33,6 @@ struct GameState : SearchState {
     Side computerColour = black;
     std::int16_t depthA = 3;
     std::int16_t depthB = 3;
-    Score winScore = 0;   // set by startSession
-    Score sureScore = 0;  // set by startSession
     std::int16_t cellSize = 533;
     Flag suggestionOn = flagFalse;
     std::string windowTitle;

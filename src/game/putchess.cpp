@@ -1,3 +1,4 @@
+#include <cassert>
 #include <string>
 
 #include "game/captions.h"
@@ -13,6 +14,7 @@ void Game::Putchess(std::int16_t x, std::int16_t y, Side side) {
     s.moveRecord[s.stepNum] = {side, x, y};
     if (entersModel(x, y, side)) {
         placeStone(s.position, x, y, side);
+        assert(censusOk(s.position));
     } else if (side != black && side != white) {
         // The canvas has no colour for it; the answer changes nothing.
         toolkit_.messageBox(captions::badColour, MessageButtons::okCancel);

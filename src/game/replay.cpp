@@ -1,3 +1,4 @@
+#include <cassert>
 #include <string>
 
 #include "game/captions.h"
@@ -40,8 +41,10 @@ void Game::stepBack() {
         const MoveRecordEntry move = s.moveRecord[s.stepNum];
         --s.stepNum;
         toolkit_.setCaption(Control::stepNumLab, std::to_string(s.stepNum));
-        if (entersModel(move.x, move.y, move.colour))
+        if (entersModel(move.x, move.y, move.colour)) {
             removeStone(s.position, move.x, move.y, move.colour);
+            assert(censusOk(s.position));
+        }
         toolkit_.eraseStone({move.x, move.y});
         // Taking back the user's own stone gives the user the turn again.
         s.clickAllowed = move.colour == s.userColour ? flagTrue : flagFalse;

@@ -18,20 +18,9 @@ SearchChoice searchFor(SearchState& state, PlayerKind kind, std::int16_t depth,
     state.bestX[step] = 0;
     state.bestY[step] = 0;
     SearchChoice choice;
-    switch (kind) {
-        case computerA:
-            choice.value = searches.searchA(state, step, depth);
-            break;
-        case computerB:
-            choice.value = searches.searchB(state, step, depth);
-            break;
-        default: {
-            const auto search = kind == aKnowsB ? searches.searchAKnowsB : searches.searchBKnowsA;
-            const nodeScores scores = search(state, step, depth);
-            choice.value = scores.ownScore;
-            choice.modelScore = scores.modelScore;
-        }
-    }
+    const nodeScores scores = searches.run(kind, state, depth).value();
+    choice.value = scores.ownScore;
+    if (kind == aKnowsB || kind == bKnowsA) choice.modelScore = scores.modelScore;
     state.stepNum = step;
     choice.point = {state.bestX[step], state.bestY[step]};
     return choice;

@@ -12,8 +12,6 @@ void Game::startSession() {
     s.windowTitle = toolkit_.designCaption() + "  " + size + "*" + size + "  ";
     toolkit_.setCaption(Control::mainForm, s.windowTitle);
 
-    s.winScore = static_cast<Score>(roundHalfEven(2147483647.0 / 20 / 10));
-    s.sureScore = static_cast<Score>(roundHalfEven(s.winScore / 10.0));
     s.cellSize = cellSizeFor(toolkit_.boardWidth());
     // The line table is built at compile time; there is nothing to build here.
 

@@ -27,7 +27,7 @@ void Game::showSuggestion() {
     // Cleared so that a search that chooses nothing leaves no point to mark.
     s.bestX[step] = 0;
     s.bestY[step] = 0;
-    searches_.searchA(s, step, depth);
+    searches_.run(computerA, s, depth);
     s.stepNum = step;
     const std::int16_t x = s.bestX[step];
     const std::int16_t y = s.bestY[step];

@@ -16,11 +16,6 @@ namespace quintline {
 struct CandidateSet {
     std::uint64_t words[4] = {};
 
-    int count() const {
-        return std::popcount(words[0]) + std::popcount(words[1]) + std::popcount(words[2]) +
-               std::popcount(words[3]);
-    }
-
     bool contains(Point p) const {
         const int index = 16 * p.x + p.y;
         return (words[index >> 6] >> (index & 63)) & 1;

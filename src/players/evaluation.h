@@ -22,6 +22,7 @@ constexpr Score finishScore(std::int64_t base, int b4, int w4, int b5, int w5, s
                             std::int16_t depth) {
     constexpr std::int64_t fiveBonus = 5000;
     constexpr std::int64_t extraFour = 3125;
+    const bool blackToMove = (stepNum / 2) * 2 == stepNum;
     std::int64_t result = base;
     if (w5 > 0) {
         result = base - w5 * std::int64_t{winScore} - fiveBonus - extraFour * w4;
@@ -29,9 +30,9 @@ constexpr Score finishScore(std::int64_t base, int b4, int w4, int b5, int w5, s
         result = base + b5 * std::int64_t{winScore} + fiveBonus + extraFour * b4;
     } else if (depth != 0) {
         result = base;
-    } else if ((stepNum / 2) * 2 == stepNum && b4 > 0) {
+    } else if (blackToMove && b4 > 0) {
         result = base + fiveBonus + sureScore + extraFour * b4;
-    } else if ((stepNum / 2) * 2 != stepNum && w4 > 0) {
+    } else if (!blackToMove && w4 > 0) {
         result = base - fiveBonus - sureScore - extraFour * w4;
     }
     return static_cast<Score>(result);

@@ -1,100 +1,128 @@
-// The worked examples of the four searches: values or scores and chosen points.
+// Worked examples: the evaluators' exact integers from a census, a parity and
+// a depth; the four searches' scores and chosen points on small positions.
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <sstream>
+#include <string>
 
-#include "players/playerA.h"
-#include "players/playerB.h"
-#include "support/positionBuilder.h"
+#include "game/seatedSearch.h"
 
 namespace quintline {
 namespace {
 
-using testing::Stone;
+struct EvalCase {
+    int b[5], w[5];  // lines of 1..5 stones of black, of white
+    std::int16_t stepNum, depth;
+    Score a, b_;
+};
 
-const std::vector<Stone> loneStone{{8, 8, black}};
-const std::vector<Stone> threeStones{{8, 8, black}, {7, 6, black}, {9, 8, white}};
-const std::vector<Stone> blackThree{{5, 5, black}, {6, 5, black}, {7, 5, black},
-                                    {5, 6, white}, {6, 6, white}, {12, 12, white}};
-const std::vector<Stone> blackFour{{5, 5, black}, {6, 5, black}, {7, 5, black}, {8, 5, black},
-                                   {5, 6, white}, {6, 6, white}, {7, 6, white}, {12, 12, white}};
-const std::vector<Stone> blackFourWhiteToMove{{5, 5, black}, {6, 5, black}, {7, 5, black},
-                                              {8, 5, black}, {5, 6, white}, {6, 6, white},
-                                              {7, 6, white}};
-const std::vector<Stone> whiteFour{{5, 5, white}, {6, 5, white},   {7, 5, white},
-                                   {8, 5, white}, {5, 6, black},   {6, 6, black},
-                                   {7, 6, black}, {12, 12, black}, {1, 1, black}};
+Position withCensus(const int (&b)[5], const int (&w)[5]) {
+    Position p;
+    for (int k = 1; k <= 5; ++k) {
+        p.lineCensus[sideRow(black)][k] = static_cast<std::int16_t>(b[k - 1]);
+        p.lineCensus[sideRow(white)][k] = static_cast<std::int16_t>(w[k - 1]);
+    }
+    return p;
+}
+
+TEST(Evaluators, WorkedExamples) {
+    const EvalCase cases[] = {
+        {{}, {}, 5, 0, 0, 0},
+        {{}, {}, 6, 3, 0, 0},
+        {{3, 1}, {2}, 5, 2, 30, 25},
+        {{10, 2, 1}, {4, 0, 3}, 7, 0, -170, -200},
+        {{0, 0, 0, 2}, {0, 0, 0, 1}, 10, 0, 1085617, 1084992},
+        {{0, 0, 0, 2}, {0, 0, 0, 1}, 10, 1, 625, 0},
+        {{0, 0, 0, 2}, {0, 0, 0, 1}, 11, 0, -1081242, -1081867},
+        {{0, 0, 0, 1}, {}, 11, 0, 625, 0},
+        {{0, 0, 0, 1}, {}, 10, 0, 1082492, 1081867},
+        {{0, 0, 1}, {0, 0, 0, 1}, 10, 0, -500, 125},
+        {{0, 0, 1}, {0, 0, 0, 1}, 11, 0, -1082367, -1081742},
+        {{0, 0, 0, 1, 1}, {0, 0, 2}, 10, 0, 10745918, 10745293},
+        {{0, 0, 0, 1, 1}, {0, 0, 2}, 11, 3, 10745918, 10745293},
+        {{0, 0, 0, 0, 1}, {0, 0, 0, 0, 1}, 4, 0, -10742418, -10742418},
+        {{0, 0, 0, 0, 1}, {0, 0, 0, 0, 1}, 9, 2, -10742418, -10742418},
+        {{0, 0, 0, 0, 1}, {0, 0, 0, 9}, 10, 0, 10736793, 10742418},
+    };
+    for (const EvalCase& c : cases) {
+        const Position p = withCensus(c.b, c.w);
+        EXPECT_EQ(evalA(p, c.stepNum, c.depth), c.a) << c.stepNum << " " << c.depth;
+        EXPECT_EQ(evalB(p, c.stepNum, c.depth), c.b_) << c.stepNum << " " << c.depth;
+    }
+    // Without fives of both colours the two colours are treated alike.
+    const Position p = withCensus({7, 3, 2, 1}, {5, 4, 1, 2}),
+                   q = withCensus({5, 4, 1, 2}, {7, 3, 2, 1});
+    for (std::int16_t depth : {0, 1}) {
+        EXPECT_EQ(evalA(p, 10, depth), -evalA(q, 11, depth));
+        EXPECT_EQ(evalB(p, 10, depth), -evalB(q, 11, depth));
+    }
+}
 
 struct Example {
-    const std::vector<Stone>* stones;
+    const char* stones;  // black points, then after '/' white points, as x,y
     PlayerKind kind;
-    PlayerKind opponent;  // seated on the colour not to move
     std::int16_t depth;
-    Score own;    // the plain searches' value
-    Score model;  // 0 for the plain searches
+    Score own, model;  // model 0 for the plain kinds
     Point chosen;
 };
 
 TEST(Searches, WorkedExamples) {
-    const std::vector<Stone> none;
+    const char* lone = "8,8 /";
+    const char* three = "8,8 7,6 / 9,8";
+    const char* blackThree = "5,5 6,5 7,5 / 5,6 6,6 12,12";
+    const char* blackFour = "5,5 6,5 7,5 8,5 / 5,6 6,6 7,6 12,12";
+    const char* blackFourWhiteMoves = "5,5 6,5 7,5 8,5 / 5,6 6,6 7,6";
+    const char* whiteFour = "5,6 6,6 7,6 12,12 1,1 / 5,5 6,5 7,5 8,5";
     const Example examples[] = {
         // The empty board has no candidate: nothing is chosen.
-        {&none, computerA, userKind, 2, -2147483647, 0, {0, 0}},
+        {"/", computerA, 2, -2147483647, 0, {0, 0}},
         // Equal values: the plain searches take the last, the others keep the first.
-        {&loneStone, computerA, userKind, 1, 0, 0, {9, 9}},
-        {&loneStone, computerB, userKind, 1, 0, 0, {9, 9}},
-        {&loneStone, aKnowsB, computerB, 1, 0, 0, {7, 7}},
-        {&loneStone, bKnowsA, computerA, 1, 0, 0, {7, 7}},
+        {lone, computerA, 1, 0, 0, {9, 9}},
+        {lone, computerB, 1, 0, 0, {9, 9}},
+        {lone, aKnowsB, 1, 0, 0, {7, 7}},
+        {lone, bKnowsA, 1, 0, 0, {7, 7}},
         // The model score is the other computer's plain value.
-        {&threeStones, aKnowsB, computerB, 2, 145, 75, {9, 9}},
-        {&threeStones, bKnowsA, computerA, 2, 75, 160, {9, 9}},
-        {&threeStones, computerA, userKind, 2, 160, 0, {10, 7}},
-        {&threeStones, computerB, userKind, 2, 75, 0, {9, 9}},
-        // A five one ply later counts twice; a sure score does not stop a side that
-        // holds a four, a win found first does.
-        {&blackFour, computerA, userKind, 1, 10749853, 0, {4, 5}},
-        {&blackFour, computerA, userKind, 2, 21499706, 0, {4, 5}},
-        {&blackFour, computerA, userKind, 3, 10745913, 0, {4, 4}},
-        {&blackFour, aKnowsB, computerB, 2, 21499706, 21497086, {4, 5}},
-        {&whiteFour, aKnowsB, computerB, 1, -10749838, -10748543, {4, 5}},
-        {&whiteFour, aKnowsB, computerB, 2, -21499676, -21497086, {4, 5}},
-        {&whiteFour, aKnowsB, computerB, 3, -10745863, -10745193, {1, 2}},
+        {three, aKnowsB, 2, 145, 75, {9, 9}},
+        {three, bKnowsA, 2, 75, 160, {9, 9}},
+        {three, computerA, 2, 160, 0, {10, 7}},
+        {three, computerB, 2, 75, 0, {9, 9}},
+        // A five one ply later counts twice; a sure score does not stop a side
+        // that holds a four, a win found first does.
+        {blackFour, computerA, 1, 10749853, 0, {4, 5}},
+        {blackFour, computerA, 2, 21499706, 0, {4, 5}},
+        {blackFour, computerA, 3, 10745913, 0, {4, 4}},
+        {blackFour, aKnowsB, 2, 21499706, 21497086, {4, 5}},
+        {whiteFour, aKnowsB, 1, -10749838, -10748543, {4, 5}},
+        {whiteFour, aKnowsB, 2, -21499676, -21497086, {4, 5}},
+        {whiteFour, aKnowsB, 3, -10745863, -10745193, {1, 2}},
         // Without a four a sure score ends the scan before (8, 5) is seen.
-        {&blackThree, computerA, userKind, 2, 1082517, 0, {4, 5}},
-        {&blackThree, computerB, userKind, 2, 1081917, 0, {4, 5}},
-        {&blackThree, computerA, userKind, 1, 1525, 0, {8, 5}},
-        {&blackThree, computerB, userKind, 1, 600, 0, {7, 6}},
-        {&blackFourWhiteToMove, computerA, userKind, 1, 1082162, 0, {4, 5}},
-        {&blackFourWhiteToMove, computerA, userKind, 2, 10745913, 0, {4, 5}},
+        {blackThree, computerA, 2, 1082517, 0, {4, 5}},
+        {blackThree, computerB, 2, 1081917, 0, {4, 5}},
+        {blackThree, computerA, 1, 1525, 0, {8, 5}},
+        {blackThree, computerB, 1, 600, 0, {7, 6}},
+        {blackFourWhiteMoves, computerA, 1, 1082162, 0, {4, 5}},
+        {blackFourWhiteMoves, computerA, 2, 10745913, 0, {4, 5}},
     };
     for (const Example& e : examples) {
         SearchState s;
-        for (const Stone& stone : *e.stones)
-            placeStone(s.position, static_cast<std::int16_t>(stone.x),
-                       static_cast<std::int16_t>(stone.y), stone.side);
-        const auto step = static_cast<std::int16_t>(e.stones->size());
-        const bool blackMoves = step % 2 == 0;
-        s.blackSide = blackMoves ? e.kind : e.opponent;
-        s.whiteSide = blackMoves ? e.opponent : e.kind;
-        nodeScores got{};
-        switch (e.kind) {
-            case computerA:
-                got.ownScore = searchA(s, step, e.depth);
-                break;
-            case computerB:
-                got.ownScore = searchB(s, step, e.depth);
-                break;
-            case aKnowsB:
-                got = searchAKnowsB(s, step, e.depth);
-                break;
-            default:
-                got = searchBKnowsA(s, step, e.depth);
-                break;
+        std::istringstream in(e.stones);
+        Side side = black;
+        for (std::string point; in >> point;) {
+            if (point == "/") {
+                side = white;
+                continue;
+            }
+            ++s.stepNum;
+            placeStone(s.position, static_cast<std::int16_t>(std::stoi(point)),
+                       static_cast<std::int16_t>(std::stoi(point.substr(point.find(',') + 1))),
+                       side);
         }
+        seatSides(s, e.kind);
+        const std::int16_t step = s.stepNum;
         SCOPED_TRACE(::testing::Message()
-                     << "kind " << e.kind << ", " << step << " stones, depth " << e.depth);
-        EXPECT_EQ(got, (nodeScores{0, e.own, e.model}));
+                     << e.stones << " kind " << e.kind << " depth " << e.depth);
+        EXPECT_EQ(SearchSet{}.run(e.kind, s, e.depth), (nodeScores{0, e.own, e.model}));
         EXPECT_EQ((Point{s.bestX[step], s.bestY[step]}), e.chosen);
     }
 }
