@@ -53,7 +53,7 @@ struct CensusEvaluator {
         const std::int16_t* w = pos.lineCensus[sideRow(white)];
         std::int64_t base = 0;
         for (int k = firstK; k <= lastK; ++k)
-            base += weight(k) * static_cast<std::int16_t>(b[k] - w[k]);
+            base += std::int64_t{weight(k)} * static_cast<std::int16_t>(b[k] - w[k]);
         return base;
     }
 

@@ -48,6 +48,23 @@ inline constexpr int countField(std::int32_t biasedSum, int field) {
     return ((biasedSum >> field) & 0xFF) - 64;
 }
 
+// What a stone does to a line holding `mine` stones of its side and `theirs` of
+// the other's.
+template <class Eval>
+constexpr LineEffect effectOf(int mine, int theirs) {
+    LineEffect e{};
+    if (theirs == 0) {
+        e.gain = Eval::weight(mine + 1) - Eval::weight(mine);
+        if (mine == 3) e.counts = 1 << ownFours;
+        if (mine == 4) e.counts = (1 << ownFives) - (1 << ownFours);
+    } else if (mine == 0) {
+        // Their line becomes opposed and leaves the census.
+        e.gain = Eval::weight(theirs);
+        if (theirs == 4) e.counts = -(1 << otherFours);
+    }
+    return e;
+}
+
 // effects[row][code] for a line with code = 8 * black stones + white stones,
 // row 0 for a white stone, row 1 for a black one. A line through an empty point
 // holds at most four stones of either side.
@@ -59,16 +76,7 @@ constexpr std::array<std::array<LineEffect, 40>, 2> lineEffects() {
             for (int whites = 0; whites <= 4; ++whites) {
                 const int mine = row == 1 ? blacks : whites;
                 const int theirs = row == 1 ? whites : blacks;
-                LineEffect& e = effects[row][8 * blacks + whites];
-                if (theirs == 0) {
-                    e.gain = Eval::weight(mine + 1) - Eval::weight(mine);
-                    if (mine == 3) e.counts = 1 << ownFours;
-                    if (mine == 4) e.counts = (1 << ownFives) - (1 << ownFours);
-                } else if (mine == 0) {
-                    // Their line becomes opposed and leaves the census.
-                    e.gain = Eval::weight(theirs);
-                    if (theirs == 4) e.counts = -(1 << otherFours);
-                }
+                effects[row][8 * blacks + whites] = effectOf<Eval>(mine, theirs);
             }
     return effects;
 }

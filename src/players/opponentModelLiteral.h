@@ -35,8 +35,10 @@ inline bool meetsStop(const Position& pos, Side side, std::int64_t moversScore) 
 // ownEval and expecting the opponent to play what modelEval prefers. Leaves the
 // position tables as it found them; writes bestX/bestY[step] at the modeller's
 // nodes only; leaves stepNum at the stone count of the last node entered.
+// The literal procedure is kept whole, to be read beside the one it reproduces.
 template <Evaluator ownEval, Evaluator modelEval, PlayerKind modeller>
-nodeScores literalOpponentModel(SearchState& s, std::int16_t step, std::int16_t depth) {
+nodeScores literalOpponentModel(  // NOLINT(readability-function-cognitive-complexity)
+    SearchState& s, std::int16_t step, std::int16_t depth) {
     using namespace literal;
     // Score the node with both evaluators; it is a leaf at the horizon, on a
     // full board, or where both evaluators see a five.

@@ -47,9 +47,10 @@ struct OpponentModel {
     }
 
     // A node with the opponent to move: its exact model score, and the own score
-    // of its first child with the best model score.
+    // of its first child with the best model score. Kept whole, as boundedNode.
     template <NodeKind kind>
-    static Scores opponentNode(SearchState& s, std::int16_t step, std::int16_t depth) {
+    static Scores opponentNode(  // NOLINT(readability-function-cognitive-complexity)
+        SearchState& s, std::int16_t step, std::int16_t depth) {
         Position& pos = s.position;
         ++s.nodesSearched;
         if (isLeaf(pos, step, depth)) return leafScores(pos, step, depth);

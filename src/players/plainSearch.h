@@ -38,9 +38,11 @@ namespace search {
 // order of the children: a child reaching the threshold fails high anyway, and
 // below it the value is the plain maximum. Then the children most promising
 // for the mover go first.
+// One node procedure read top-down in the order of its steps, kept whole on
+// purpose: split, the steps would no longer read as one node.
 template <class Rules, NodeKind kind>
-Score boundedNode(SearchState& s, std::int16_t step, std::int16_t depth, Score alpha, Score beta,
-                  Point* killer) {
+Score boundedNode(  // NOLINT(readability-function-cognitive-complexity)
+    SearchState& s, std::int16_t step, std::int16_t depth, Score alpha, Score beta, Point* killer) {
     using Eval = typename Rules::Scorer;
     assert(alpha < beta);
     Position& pos = s.position;

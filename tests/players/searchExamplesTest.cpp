@@ -53,7 +53,7 @@ TEST(Evaluators, WorkedExamples) {
     // Without fives of both colours the two colours are treated alike.
     const Position p = withCensus({7, 3, 2, 1}, {5, 4, 1, 2}),
                    q = withCensus({5, 4, 1, 2}, {7, 3, 2, 1});
-    for (std::int16_t depth : {0, 1}) {
+    for (std::int16_t depth = 0; depth <= 1; ++depth) {
         EXPECT_EQ(evalA(p, 10, depth), -evalA(q, 11, depth));
         EXPECT_EQ(evalB(p, 10, depth), -evalB(q, 11, depth));
     }

@@ -43,7 +43,9 @@ TEST(LineTable, LinesListsAndCounts) {
     EXPECT_EQ(idsAt(3, 3), (Ids{331, 23, 343, 24, 188, 189, 25, 190, 355, 462}));
     EXPECT_EQ(idsAt(8, 8), (Ids{367, 488, 81,  379, 500, 82,  391, 512, 83,  403,
                                 524, 84,  246, 247, 248, 249, 85,  250, 415, 536}));
+}
 
+TEST(LineTable, EachPointCountsTheLinesThroughIt) {
     // Rows 1 to 5 (row 5 stands for 5 to 11, rows 12 to 15 mirror 4 to 1);
     // columns 1, 2, 3, 4, 5..11, 12, 13, 14, 15.
     const int rows[5][9] = {{3, 4, 5, 6, 8, 6, 5, 4, 3},

@@ -28,8 +28,8 @@ TailLine kindOf(const std::string& line, std::size_t pairings) {
 
 std::string reportFault(const RunState& state, std::size_t pairings, const std::string& header) {
     const std::string& report = state.report;
-    const std::string notTheBlock = report + " does not end with the unfinished run of " +
-                                    sidecarPath(report).string() + "; nothing resumed";
+    std::string notTheBlock = report + " does not end with the unfinished run of " +
+                              sidecarPath(report).string() + "; nothing resumed";
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(report, error);
     if (error || size < state.reportSize || state.reportSize < state.reportSizeBefore)
