@@ -55,6 +55,17 @@ std::string pointFault(const Position& pos, int x, int y) {
     return {};
 }
 
+// The engine's point (x, y) of a protocol "x,y", counted from 0; `fault` says
+// what is wrong when there is none.
+std::optional<std::array<int, 2>> enginePoint(std::string_view rest, std::string& fault) {
+    const auto point = numbers<2>(rest);
+    if (!point) {
+        fault = "ERROR malformed point \"" + std::string(rest) + "\", expected x,y\n";
+        return std::nullopt;
+    }
+    return std::array{(*point)[0] + 1, (*point)[1] + 1};
+}
+
 std::string_view kindName(PlayerKind kind) {
     constexpr std::array<std::string_view, 5> names{"", "A", "B", "A-knows-B", "B-knows-A"};
     return names[static_cast<std::size_t>(kind)];
@@ -181,11 +192,11 @@ std::string PbrainSession::setUpBoard() {
 }
 
 std::string PbrainSession::turn(std::string_view rest) {
-    const auto point = numbers<2>(rest);
-    if (!point) return "ERROR malformed point \"" + std::string(rest) + "\", expected x,y\n";
-    const int x = (*point)[0] + 1;
-    const int y = (*point)[1] + 1;
-    if (std::string fault = pointFault(state_.position, x, y); !fault.empty()) return fault;
+    std::string fault;
+    const auto point = enginePoint(rest, fault);
+    if (!point) return fault;
+    const auto [x, y] = *point;
+    if (fault = pointFault(state_.position, x, y); !fault.empty()) return fault;
     if (state_.stepNum + 1 >= maxStones)
         return "ERROR the board is full: no point left to answer\n";
     const std::int16_t next = static_cast<std::int16_t>(state_.stepNum + 1);
@@ -196,10 +207,10 @@ std::string PbrainSession::turn(std::string_view rest) {
 }
 
 std::string PbrainSession::takeBack(std::string_view rest) {
-    const auto point = numbers<2>(rest);
-    if (!point) return "ERROR malformed point \"" + std::string(rest) + "\", expected x,y\n";
-    const int x = (*point)[0] + 1;
-    const int y = (*point)[1] + 1;
+    std::string fault;
+    const auto point = enginePoint(rest, fault);
+    if (!point) return fault;
+    const auto [x, y] = *point;
     if (!onBoard(x, y)) return pointFault(state_.position, x, y);
     const Side side = state_.position.board[x][y];
     if (side == empty) return "ERROR point " + protocolPoint(x, y) + " holds no stone\n";
