@@ -273,31 +273,45 @@ int playBlock(RunState& state, bool resuming, unsigned jobCount, Environment& en
 
 }  // namespace
 
-int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
+namespace {
+
+// Plays a new block of `run`, once `describe` has added what the command knows.
+int playNewBlock(const RunOptions& run, const std::function<void(RunState&)>& describe,
+                 Environment& environment, Console console) {
     std::string fault;
-    std::optional<RunState> state = newRunState(command.run, environment, fault);
+    std::optional<RunState> state = newRunState(run, environment, fault);
     if (!state) {
         complain(console.err, fault);
         return exitRefused;
     }
-    state->cycles = command.cycles;
-    state->seed = command.seed.value_or(clockSeed());
-    if (!command.seed)
-        complain(console.err, "seed " + std::to_string(state->seed) + " (repeat with --seed " +
-                                  std::to_string(state->seed) + ")");
-    return playBlock(*state, false, command.run.jobs, environment, console);
+    describe(*state);
+    return playBlock(*state, false, run.jobs, environment, console);
+}
+
+}  // namespace
+
+int tournamentCommand(const TournamentCommand& command, Environment& environment, Console console) {
+    return playNewBlock(
+        command.run,
+        [&](RunState& state) {
+            state.cycles = command.cycles;
+            state.seed = command.seed.value_or(clockSeed());
+            if (!command.seed)
+                complain(console.err, "seed " + std::to_string(state.seed) +
+                                          " (repeat with --seed " + std::to_string(state.seed) +
+                                          ")");
+        },
+        environment, console);
 }
 
 int testSuiteCommand(const TestSuiteCommand& command, Environment& environment, Console console) {
-    std::string fault;
-    std::optional<RunState> state = newRunState(command.run, environment, fault);
-    if (!state) {
-        complain(console.err, fault);
-        return exitRefused;
-    }
-    state->tournament = false;
-    state->list = command.list;
-    return playBlock(*state, false, command.run.jobs, environment, console);
+    return playNewBlock(
+        command.run,
+        [&](RunState& state) {
+            state.tournament = false;
+            state.list = command.list;
+        },
+        environment, console);
 }
 
 int resumeCommand(const ResumeCommand& command, Environment& environment, Console console) {
