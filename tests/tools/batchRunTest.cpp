@@ -20,6 +20,7 @@
 #include "batch/statistics.h"
 #include "harness/fakes.h"
 #include "harness/scheduleFile.h"
+#include "harness/testSuite.h"
 #include "harness/tournament.h"
 #include "tools/batchFixtures.h"
 
@@ -160,6 +161,31 @@ TEST(BatchRun, AnSprtStoppedRunOnOneOrTwoThreadsWritesTheLibraryRunsReportAndAgr
                       shallowSearches()),
               exitDone);
     EXPECT_EQ(readBytes(d + "a.txt"), readBytes(d + "b.txt"));
+}
+
+// Positions four moves before the end of three real games, one twice: the
+// block the library writes, CSV rows naming their entries, and no seed.
+TEST(BatchRun, ATestSuiteWritesTheLibrarysBlock) {
+    ScratchDirectory dir;
+    const std::string d = dir.path().string() + "/";
+    std::string list = "4\r\n";
+    for (std::size_t i = 0; i < 4; ++i) {
+        writeBoardFile(d + std::to_string(i % 3), recordedGame(i % 3, 4));
+        list += d + std::to_string(i % 3) + "\r\n";
+    }
+    writeBytes(d + "list.txt", list + "ignored.txt\r\n");
+    std::ostringstream out, err;
+    ASSERT_EQ(runLine("testsuite --list @list.txt --report @r.txt --games-csv @g.csv "
+                      "--summary-json @s.json",
+                      d, out, err),
+              exitDone);
+    LibraryGame library;
+    ScriptedClock clock = sameClock();
+    runTestSuite(library.game, clock, d + "list.txt", d + "library.txt");
+    EXPECT_EQ(readBytes(d + "r.txt"), readBytes(d + "library.txt"));
+    EXPECT_EQ(nlohmann::json::parse(readBytes(d + "s.json"))["run"]["seed"], nullptr);
+    const std::string csv = readBytes(d + "g.csv");
+    EXPECT_EQ(csv.rfind("\n," + d + "0,14,B-K-A(3)"), csv.rfind('\n', csv.size() - 2));
 }
 
 TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
