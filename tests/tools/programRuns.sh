@@ -4,7 +4,7 @@
 # killed again resumes to the uninterrupted run. Given MPIEXEC: three ranks write
 # every output of a one-thread run, and a run that loses a rank keeps whole
 # lines that resume completes. Usage: programRuns.sh PROGRAM SCRATCH [MPIEXEC]
-set -euo pipefail
+set -eEuo pipefail
 trap 'echo "failed at line $LINENO" >&2' ERR
 program=$1 dir=$2 mpiexec=${3:-}
 rm -rf "$dir" && mkdir -p "$dir/whole" "$dir/cut" && cd "$dir"
