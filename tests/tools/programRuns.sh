@@ -30,10 +30,10 @@ if [ -z "$mpiexec" ]; then
   printf 'first run\r\n' > result.txt
   exec 9< result.txt
   flock 9
-  "$program" testsuite --no-wait 9<&- 2> err.log &
+  "$program" testsuite --no-wait 9<&- > out.log 2> err.log &
   ended 1
   [ "$(cat err.log)" = "quintline-batch: result.txt is in use by another run! Not started" ]
-  "$program" testsuite 9<&- 2> err.log &
+  "$program" testsuite 9<&- > out.log 2> err.log &
   await err.log 1
   [ "$(cat err.log)" = "quintline-batch: waiting for another run to finish with result.txt" ]
   [ "$(cat result.txt)" = $'first run\r' ]
