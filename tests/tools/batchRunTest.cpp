@@ -217,7 +217,7 @@ TEST(Records, EveryOutputHoldsTheLibrarysGames) {
     writeBytes(d + "s.txt",
                "A-K-B(2):B(2) 3 2 2 2\nB(2):A-K-B(2) 2 3 2 2\n"
                "A(3):B-K-A(2) 1 4 3 2 \"A]\\\" \"b\" # escaped in the SGF\n"
-               "B(2):A(2) 2 1 2 2\n");
+               "B(3):A(1) 2 1 1 3\n");
     std::ostringstream out, err;
     ASSERT_EQ(runLine("tournament --cycles 3 --seed 11 --report @r.txt --games @g --sgf @a.sgf "
                       "--schedule @s.txt --games-csv @g.csv --summary-json @s.json",
@@ -226,7 +226,7 @@ TEST(Records, EveryOutputHoldsTheLibrarysGames) {
         << err.str();
     const auto lines = reportLines(d + "r.txt");
     ASSERT_EQ(lines.size(), 8u);
-    EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(2):A(2)");
+    EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(3):A(1)");
     const Schedule own = *loadSchedule(d + "s.txt").schedule;
     // Pairings 3 and 4 are other players: no pair statistics.
     EXPECT_NE(out.str().find("\n1-2 "), std::string::npos);
