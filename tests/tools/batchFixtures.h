@@ -58,16 +58,12 @@ inline std::vector<Point> recordedGame(std::size_t index, std::size_t dropped = 
     return {games[index].moves.begin(), games[index].moves.end() - static_cast<long>(dropped)};
 }
 
-// The lines of a report without their CR LF; with `untimed`, without the lines
-// that carry a time, which must not depend on threads or on when the run was.
-inline std::vector<std::string> reportLines(const std::filesystem::path& file,
-                                            bool untimed = false) {
+// The lines of a report without their CR LF.
+inline std::vector<std::string> reportLines(const std::filesystem::path& file) {
     std::vector<std::string> lines;
     std::istringstream in(readBytes(file));
-    for (std::string line; std::getline(in, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (!untimed || line.find("Time") == std::string::npos) lines.push_back(line);
-    }
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line);
     return lines;
 }
 

@@ -1,6 +1,5 @@
-// The built pbrain-quintline: a scripted manager session ended by the end of stdin, END
-// during a search,
-// and a whole game of two engines, every move checked against quintline-batch analyse.
+// The built pbrain-quintline: a scripted manager session ended by the end of stdin, END during
+// a search, and a whole game of two engines, every move checked against quintline-batch analyse.
 
 #include <sys/wait.h>
 
