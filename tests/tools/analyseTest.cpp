@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "batch/analyse.h"
+#include "support/gameRecords.h"
 #include "tools/batchFixtures.h"
 
 namespace quintline::batch {

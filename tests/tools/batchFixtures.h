@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,7 +11,6 @@
 #include "game/game.h"
 #include "game/silentToolkit.h"
 #include "players/searchSet.h"
-#include "support/gameRecords.h"
 #include "support/scratchDirectory.h"
 
 namespace quintline::testing {
@@ -49,13 +47,6 @@ inline void writeBoardFile(const std::filesystem::path& file, const std::vector<
     state.stepNum = static_cast<std::int16_t>(moves.size());
     state.userColour = black;
     writeBytes(file, formatBoardFile(state));
-}
-
-// Game `index` (from 0) of the real games in the test data, without its last `dropped` moves.
-inline std::vector<Point> recordedGame(std::size_t index, std::size_t dropped = 0) {
-    const std::vector<GameRecord> games = loadGameRecords();
-    if (games.size() <= index) throw std::runtime_error("no recorded game: " + gameRecordsPath());
-    return {games[index].moves.begin(), games[index].moves.end() - static_cast<long>(dropped)};
 }
 
 // The lines of a report without their CR LF.

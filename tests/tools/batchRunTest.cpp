@@ -98,31 +98,6 @@ TEST(BatchRun, AnSprtStoppedRunWritesTheLibraryRunsReportAndAgreeingFigures) {
     EXPECT_EQ(readBytes(d + "a.txt"), readBytes(d + "b.txt"));
 }
 
-// Positions four moves before the end of three real games, one twice: the
-// block the library writes, CSV rows naming their entries, and no seed.
-TEST(BatchRun, ATestSuiteWritesTheLibrarysBlock) {
-    ScratchDirectory dir;
-    const std::string d = dir.path().string() + "/";
-    std::string list = "4\r\n";
-    for (std::size_t i = 0; i < 4; ++i) {
-        writeBoardFile(d + std::to_string(i % 3), recordedGame(i % 3, 4));
-        list += d + std::to_string(i % 3) + "\r\n";
-    }
-    writeBytes(d + "list.txt", list + "ignored.txt\r\n");
-    std::ostringstream out, err;
-    ASSERT_EQ(runLine("testsuite --list @list.txt --report @r.txt --games-csv @g.csv "
-                      "--summary-json @s.json",
-                      d, out, err),
-              exitDone);
-    LibraryGame library;
-    ScriptedClock clock = sameClock();
-    runTestSuite(library.game, clock, d + "list.txt", d + "library.txt");
-    EXPECT_EQ(readBytes(d + "r.txt"), readBytes(d + "library.txt"));
-    EXPECT_EQ(nlohmann::json::parse(readBytes(d + "s.json"))["run"]["seed"], nullptr);
-    const std::string csv = readBytes(d + "g.csv");
-    EXPECT_EQ(csv.rfind("\n," + d + "0,14,B-K-A(3)"), csv.rfind('\n', csv.size() - 2));
-}
-
 TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     ScratchDirectory dir;
     const std::string d = dir.path().string() + "/";
@@ -130,7 +105,7 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     writeBoardFile(d + "empty.txt", {});
     writeBytes(d + "wide.txt",
                "Grid Size\r\n 19 \r\nPiece number\r\n 5 \r\nTotal Move\r\n 0 \r\nend\r\n");
-    writeBytes(d + "none.txt", "0\r\n");
+    writeBytes(d + "none.txt", "0\r\nignored.txt\r\n");
     // Lists that are refused, fall short of their count, or hold entries that can't be paths.
     writeBytes(d + "minus.txt", "-1\r\nsmall.txt\r\n");
     writeBytes(d + "huge.txt", "40000\r\n");
@@ -175,6 +150,14 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
         EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 6) << text;
         EXPECT_EQ(reportLines(d + report).back().rfind(d + last + "Used Time", 0), 0u) << text;
     }
+    // The block the library writes for the same list, CSV rows naming their entries, and no seed.
+    LibraryGame library;
+    ScriptedClock clock = sameClock();
+    runTestSuite(library.game, clock, d + "odd.txt", d + "library.txt");
+    EXPECT_EQ(readBytes(d + "odd-report.txt"), readBytes(d + "library.txt"));
+    EXPECT_EQ(nlohmann::json::parse(readBytes(d + "s.json"))["run"]["seed"], nullptr);
+    const std::string csv = readBytes(d + "g.csv");
+    EXPECT_EQ(csv.rfind("\n," + d + "small.txt,14,B-K-A(3)"), csv.rfind('\n', csv.size() - 2));
 }
 
 TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {
