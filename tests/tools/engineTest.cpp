@@ -82,25 +82,23 @@ TEST(Engine, TwoEnginesPlayAWholeGameOfTheLibrarysChoices) {
     const testing::ScratchDirectory dir;
     const std::string file = (dir / "position.txt").string();
     std::vector<Point> moves{{8, 8}};
-    Lines heard[2] = {{"BEGIN\r\n"}, {}}, said[2];
+    std::string heard[2] = {"BEGIN\r\n", ""};  // no move is asked for after the five
+    Lines said[2];
     for (;;) {
         const std::size_t mover = moves.size() % 2;
         const Point last = moves.back();
         said[1 - mover].push_back(std::to_string(last.x - 1) + "," + std::to_string(last.y - 1));
-        heard[mover].push_back("TURN " + said[1 - mover].back() + "\r\n");
         testing::writeBoardFile(file, moves);
         const auto outcome = batch::analysePosition({file, kinds[mover], 2, {}, {}});
         ASSERT_TRUE(outcome.analysis) << outcome.error;
         if (outcome.analysis->point == Point{}) break;
+        heard[mover] += "TURN " + said[1 - mover].back() + "\r\n";
         moves.push_back(outcome.analysis->point);
     }
-    heard[moves.size() % 2].pop_back();  // no move is asked for after the five
     ASSERT_GT(moves.size(), 9u);
     for (std::size_t e = 0; e < 2; ++e) {
-        std::string input;
-        for (const std::string& command : heard[e]) input += command;
         const Session session =
-            runEngine("--kind " + std::to_string(3 + e) + " --depth 2", {input}, false);
+            runEngine("--kind " + std::to_string(3 + e) + " --depth 2", {heard[e]}, false);
         EXPECT_EQ(std::tuple(session.answers, session.status), std::tuple(said[e], 0)) << e;
     }
 }
