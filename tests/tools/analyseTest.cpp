@@ -1,6 +1,5 @@
-// One search on a saved position agrees with the library's own search on the
-// same stones: each kind and each colour to move, depth 0 to 3, fours, and a
-// game played past its five. (Kinds 3 and 4 over a whole game: the engine tests.)
+// One search on a saved position agrees with the library's search on the same stones: each kind
+// and colour to move, depth 0 to 3, fours, a game past its five (a whole game: the engine tests).
 
 #include <gtest/gtest.h>
 

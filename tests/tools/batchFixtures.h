@@ -31,8 +31,7 @@ inline SearchSet shallowSearches() {
 struct LibraryGame {
     SilentToolkit toolkit;
     Game game;
-    explicit LibraryGame(SearchSet searches = {}, SilentToolkit::MessageHook onMessage = {})
-        : toolkit(std::move(onMessage)), game(toolkit, searches) {
+    explicit LibraryGame(SearchSet searches = {}) : game(toolkit, searches) {
         game.startSession();
         game.newGame();
     }

@@ -219,10 +219,9 @@ TEST(Records, EveryOutputHoldsTheLibrarysGames) {
         int pairPoints = 0;
         for (std::size_t n = 0; n < own.size(); ++n) {
             SCOPED_TRACE(std::to_string(cycle) + "." + std::to_string(n + 1));
-            const std::string file = d + "g/" + recordFileName(true, cycle, n + 1);
             const ResultGroup group = playPairing(library.game, own[n], opening).group;
             const GameState& s = library.game.state();
-            EXPECT_EQ(readBytes(file), formatBoardFile(s));
+            EXPECT_EQ(readBytes(d + "g/" + recordFileName(true, cycle, n + 1)), formatBoardFile(s));
             const Pairing& p = own[n];
             line += std::string(1, group.letter) + ' ' + std::to_string(group.stones) + ' ';
             for (const auto& field :
@@ -241,11 +240,7 @@ TEST(Records, EveryOutputHoldsTheLibrarysGames) {
             trees += "(;FF[4]GM[4]SZ[15]EV[tournament, seed 11]RO[" + std::to_string(cycle) + "." +
                      std::to_string(n + 1) + "]PB[" +
                      (n == 2 ? "A\\]\\\\" : std::string(p.blackCaption)) + "]PW[" + p.whiteCaption +
-                     "]RE[" +
-                     (s.gameResult == blackWon   ? "B+"
-                      : s.gameResult == whiteWon ? "W+"
-                                                 : "0") +
-                     "]DT[]AP[]";
+                     "]RE[" + std::array{"W+", "0", "B+"}[s.gameResult + 1] + "]DT[]AP[]";
             for (int i = 1; i <= s.stepNum; ++i)
                 trees += std::string(s.moveRecord[i].colour == black ? ";B[" : ";W[") +
                          char('a' + s.moveRecord[i].x - 1) + char('a' + s.moveRecord[i].y - 1) +

@@ -26,11 +26,10 @@ constexpr std::nullopt_t none = std::nullopt;
 
 void expectFigures(std::vector<Figure> got, std::vector<Figure> want, const std::string& trace) {
     for (std::size_t i = 0; i < want.size(); ++i) {
-        EXPECT_EQ(got[i].has_value(), want[i].has_value()) << trace << " figure " << i;
-        if (got[i] && want[i]) {
-            EXPECT_NEAR(*got[i], *want[i], 1e-5 * std::max(1.0, std::abs(*want[i])))
-                << trace << " figure " << i;
-        }
+        SCOPED_TRACE(trace + " figure " + std::to_string(i));
+        EXPECT_EQ(got[i].has_value(), want[i].has_value());
+        const double w = want[i].value_or(0);
+        EXPECT_NEAR(got[i].value_or(0), w, 1e-5 * std::max(1.0, std::abs(w)));
     }
 }
 
