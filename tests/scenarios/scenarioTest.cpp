@@ -12,8 +12,12 @@
 #include <map>
 #include <optional>
 #include <regex>
+#include <set>
+
+#include <sys/stat.h>
 
 #include "boardfile/boardFile.h"
+#include "boardfile/numberForm.h"
 #include "game/settings.h"
 #include "game/suggestionDepth.h"
 #include "harness/fakes.h"
@@ -27,6 +31,7 @@
 namespace quintline::testing {
 namespace {
 
+namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 // Blank-separated words; double quotes keep blanks in a word ("" is an empty word).
@@ -254,15 +259,36 @@ class Runner {
         } else if (c == "save" || c == "read") {
             s().boardFilePath = w.at(1);
             c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
-        } else if (c == "write") {  // write <file> <text>: \r, \n and \q for CR, LF and "
-            std::string bytes = w.at(2);
+        } else if (c == "write") {  // write <file> <text> [<times>]: \r, \n, \q for CR, LF, "
+            std::string text = w.at(2), bytes;
             for (const auto& [from, to] : {std::pair("\\r", "\r"), {"\\n", "\n"}, {"\\q", "\""}})
-                for (std::size_t at; (at = bytes.find(from)) != std::string::npos;)
-                    bytes.replace(at, 2, to);
+                for (std::size_t at; (at = text.find(from)) != std::string::npos;)
+                    text.replace(at, 2, to);
+            for (int n = w.size() > 3 ? std::stoi(w[3]) : 1; n > 0; --n) bytes += text;
             writeBytes(w[1], bytes);
         } else if (c == "mkdir" || c == "remove") {
-            c == "mkdir" ? std::filesystem::create_directory(w.at(1))
-                         : std::filesystem::remove(w.at(1));
+            c == "mkdir" ? fs::create_directory(w.at(1)) : fs::remove(w.at(1));
+        } else if (c == "link") {  // link <target> <name>
+            fs::create_symlink(w.at(1), w.at(2));
+        } else if (c == "chmod" || c == "umask") {  // chmod <octal> <file> | umask <octal>
+            const auto mode = std::stoul(w.at(1), nullptr, 8);
+            c == "umask" ? void(::umask(mode)) : fs::permissions(w.at(2), fs::perms(mode));
+        } else if (c == "ls") {  // ls <dir>: its entries, sorted, with their modes or link targets
+            std::set<std::string> entries;
+            for (const auto& e : fs::directory_iterator(w.at(1))) {
+                std::ostringstream mode;
+                mode << std::oct << int(e.symlink_status().permissions());
+                entries.insert(
+                    e.path().filename().string() + " " +
+                    (e.is_symlink() ? "-> " + fs::read_symlink(e).string() : mode.str()));
+            }
+            for (const std::string& entry : entries) print(entry);
+        } else if (c == "numbers") {  // how each number is written: with a point, as a float
+            std::string out;
+            for (std::size_t i = 1; i < w.size(); ++i)
+                out += w[i].find('.') == std::string::npos ? numberForm(std::stoi(w[i]))
+                                                           : numberForm(std::stof(w[i]));
+            print("\"" + out + "\"");
         } else if (c == "lock") {  // lock <report>: as another run holds it; unlock ends that
             otherRun_.emplace();
             line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";
@@ -270,7 +296,7 @@ class Runner {
             otherRun_.reset();
         } else if (c == "cat") {  // cat <file> [masked]: its lines, which must end in CR LF
             std::istringstream bytes(readBytes(w.at(1)));
-            if (!std::filesystem::exists(w[1])) print("(no such file)");
+            if (!fs::exists(w[1])) print("(no such file)");
             for (std::string l; std::getline(bytes, l);) {
                 if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9][0-9.]*"), "#");
                 print(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1) : "|" + l + " <no CR>");
@@ -326,11 +352,11 @@ class Runner {
     ScriptedClock clock_{{}, {}};
 };
 
-const std::filesystem::path scenarioDir = QUINTLINE_SCENARIO_DIR;
+const fs::path scenarioDir = QUINTLINE_SCENARIO_DIR;
 
 std::vector<std::string> scenarioNames() {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(scenarioDir))
+    for (const auto& entry : fs::directory_iterator(scenarioDir))
         if (entry.path().extension() == ".txt") names.push_back(entry.path().stem().string());
     std::sort(names.begin(), names.end());
     return names;
@@ -339,7 +365,7 @@ std::vector<std::string> scenarioNames() {
 class Scenario : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(Scenario, ReplaysAsWritten) {
-    const std::filesystem::path file = scenarioDir / (GetParam() + ".txt");
+    const fs::path file = scenarioDir / (GetParam() + ".txt");
     const std::string expected = readBytes(file);
     std::istringstream in(expected);
     std::string actual;
