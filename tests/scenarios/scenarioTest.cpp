@@ -232,8 +232,10 @@ class Runner {
             const auto option = std::find(options.begin(), options.end(), w.size() > 5 ? w[5] : "");
             const SettingsValues v{
                 w.at(1), w.at(2), {w.at(3), w.at(4)}, Situation(option - options.begin())};
-            if (!acceptSettings(*game_, v, [&] { print("closed at " + field("stepNum", {})); }))
-                print("refused");
+            const auto closed = [&] {
+                toolkit_.lines.push_back("closed at " + field("stepNum", {}));
+            };
+            if (!acceptSettings(*game_, v, closed)) print("refused");
         } else if (c == "fill") {
             SettingsValues v{"-", "-", {"", ""}, Situation::aModelsB};
             fillSettings(*game_, v);
@@ -333,9 +335,11 @@ class Runner {
             for (std::size_t i = 1; i < w.size(); ++i) print(w[i] + "=" + captions_[w[i]]);
         } else if (c == "hide") {  // hide <prefix>, ...: requests left out from here on; * all
             hide_.clear();
-            std::istringstream list(line.substr(4));
-            for (std::string prefix; std::getline(list >> std::ws, prefix, ',');)
-                hide_.push_back(prefix == "*" ? "" : prefix);
+            for (std::size_t from = 5, to = 0; from < line.size(); from = to + 2) {
+                to = std::min(line.find(", ", from), line.size());
+                hide_.push_back(line.substr(from, to - from) == "*" ? ""
+                                                                    : line.substr(from, to - from));
+            }
         } else {
             ADD_FAILURE() << "unknown step: " << line;
         }
