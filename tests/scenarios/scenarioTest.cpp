@@ -11,7 +11,6 @@
 #include <filesystem>
 #include <map>
 #include <optional>
-#include <regex>
 #include <set>
 
 #include <sys/stat.h>
@@ -296,11 +295,10 @@ class Runner {
             line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";
         } else if (c == "unlock") {
             otherRun_.reset();
-        } else if (c == "cat") {  // cat <file> [masked]: its lines, which must end in CR LF
+        } else if (c == "cat") {  // cat <file>: its lines, which must end in CR LF
             std::istringstream bytes(readBytes(w.at(1)));
             if (!fs::exists(w[1])) print("(no such file)");
             for (std::string l; std::getline(bytes, l);) {
-                if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9][0-9.]*"), "#");
                 print(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1) : "|" + l + " <no CR>");
             }
         } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
