@@ -23,9 +23,9 @@
 #include "harness/reportLock.h"
 #include "harness/testSuite.h"
 #include "harness/tournament.h"
+#include "players/searchSet.h"
 #include "support/recordingToolkit.h"
 #include "support/scratchDirectory.h"
-#include "support/scriptedSearches.h"
 
 namespace quintline::testing {
 namespace {
@@ -61,6 +61,38 @@ std::string text(Point p) {
     return std::to_string(p.x) + "," + std::to_string(p.y);
 }
 
+// Quick stand-ins for the four searches, so that whole games run in microseconds
+// with outcomes that can be worked out by hand. A builder stacks its stones from
+// the top of its own column (x 1 for black, x 2 for white) and has five with its
+// fifth stone there. A wanderer puts its stones on points whose x and y are
+// multiples of 3, x from 15 down, where they never make a line. Computer A and B
+// build at depth 3 and wander below; the kinds that know the other always build.
+// firstEmpty: the first empty point on the columns firstX, firstX + stepX, ... whose y is a
+// multiple of stepY; failing that the board's first empty point, if any.
+Point firstEmpty(const SearchState& s, int firstX, int stepX, int stepY) {
+    for (int x = firstX; x >= 1 && x <= boardSize; x += stepX)
+        for (int y = stepY; y <= boardSize; y += stepY)
+            if (s.position.board[x][y] == empty) return {std::int16_t(x), std::int16_t(y)};
+    return stepX == 1 ? Point{} : firstEmpty(s, 1, 1, 1);
+}
+
+void choose(SearchState& s, std::int16_t step, bool build) {
+    const int column = sideToMove(std::int16_t(step + 1)) == black ? 1 : 2;
+    const Point p = build ? firstEmpty(s, column, boardSize, 1) : firstEmpty(s, 15, -3, 3);
+    s.bestX[step] = p.x;
+    s.bestY[step] = p.y;
+}
+
+Score scriptedPlain(SearchState& s, std::int16_t step, std::int16_t depth) {
+    choose(s, step, depth >= 3);
+    return 0;
+}
+
+nodeScores scriptedKnowing(SearchState& s, std::int16_t step, std::int16_t) {
+    choose(s, step, true);
+    return {};
+}
+
 // Searches that choose a fixed point and score, moving stepNum as real searches do.
 template <Score score, std::int16_t x, std::int16_t y>
 Score fixedPlain(SearchState& s, std::int16_t step, std::int16_t) {
@@ -76,7 +108,7 @@ nodeScores fixedModel(SearchState& s, std::int16_t step, std::int16_t depth) {
 
 const std::map<std::string, SearchSet> searchSets{
     {"real", {}},
-    {"scripted", scriptedSearches()},
+    {"scripted", {&scriptedPlain, &scriptedPlain, &scriptedKnowing, &scriptedKnowing}},
     // A at the win score, B on the centre stone, A-knows-B at minus the win score,
     // B-knows-A off the board.
     {"fixed",
@@ -132,7 +164,7 @@ class Runner {
             const Words c = split(l);  // the last caption of each control, for `shown`
             if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
         }
-        toolkit_.forget();
+        toolkit_.lines.clear();
     }
     void print(const std::string& l) {
         flush();
@@ -184,7 +216,7 @@ class Runner {
             game_->startSession();
             s().userColour = w.size() > 2 ? black : white;
             game_->newGame();
-            toolkit_.forget();
+            toolkit_.lines.clear();
         } else if (c == "start") {  // start [<board width> <depth box 0> <depth box 1>]
             if (w.size() > 3) toolkit_.width = std::stod(w[1]);
             if (w.size() > 3) toolkit_.depthTexts[0] = w[2], toolkit_.depthTexts[1] = w[3];
@@ -206,7 +238,7 @@ class Runner {
                 order.push_back(point(w[i]));
             for (const Point p : order)
                 game_->Putchess(p.x, p.y, sideToMove(std::int16_t(s().stepNum + 1)));
-            toolkit_.forget();
+            toolkit_.lines.clear();
         } else if (c == "click") {  // click x,y ...: the middle of each cell
             for (std::size_t i = 1; i < w.size(); ++i)
                 game_->boardMouseDown((float(point(w[i]).x) - 0.5f) * float(s().cellSize),

@@ -1,9 +1,7 @@
 #pragma once
-// A toolkit for tests: it records every request the game makes as a line of
-// text ("caption whoRun Computer A is running", "enabled cmdBack off", "stone 8,8 1 -1",
-// "plain 8,8 1", "erase 9,8", "frames 13 7,7..9,9", "mark 15,3", "message <text>",
-// "ask <text>" for OK/Cancel, "clear List2", "grid", "repaint"), answers message
-// boxes from a queue and supplies the design values start-up reads.
+// A toolkit for tests: it records every request the game makes as one line of
+// text, the request's name and then its values ("stone 8,8 1 -1"), answers
+// message boxes from a queue and supplies the design values start-up reads.
 
 #include <deque>
 #include <sstream>
@@ -54,8 +52,6 @@ class RecordingToolkit final : public Toolkit {
     std::string designCaption() override { return caption; }
     double boardWidth() override { return width; }
     std::string depthBoxText(int index) override { return depthTexts[index]; }
-
-    void forget() { lines.clear(); }
 
   private:
     static void put(std::ostream& out, const auto& part) { out << part; }
