@@ -11,7 +11,6 @@
 #include <filesystem>
 #include <map>
 #include <optional>
-#include <set>
 
 #include <sys/stat.h>
 
@@ -292,30 +291,14 @@ class Runner {
         } else if (c == "save" || c == "read") {
             s().boardFilePath = w.at(1);
             c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
-        } else if (c == "write") {  // write <file> <text> [<times>]: \r, \n, \q for CR, LF, "
-            std::string text = w.at(2), bytes;
-            for (const auto& [from, to] : {std::pair("\\r", "\r"), {"\\n", "\n"}, {"\\q", "\""}})
-                for (std::size_t at; (at = text.find(from)) != std::string::npos;)
-                    text.replace(at, 2, to);
-            for (int n = w.size() > 3 ? std::stoi(w[3]) : 1; n > 0; --n) bytes += text;
-            writeBytes(w[1], bytes);
-        } else if (c == "mkdir" || c == "remove") {
-            c == "mkdir" ? fs::create_directory(w.at(1)) : fs::remove(w.at(1));
-        } else if (c == "link") {  // link <target> <name>
-            fs::create_symlink(w.at(1), w.at(2));
-        } else if (c == "chmod" || c == "umask") {  // chmod <octal> <file> | umask <octal>
-            const auto mode = std::stoul(w.at(1), nullptr, 8);
-            c == "umask" ? void(::umask(mode)) : fs::permissions(w.at(2), fs::perms(mode));
-        } else if (c == "ls") {  // ls <dir>: its entries, sorted, with their modes or link targets
-            std::set<std::string> entries;
-            for (const auto& e : fs::directory_iterator(w.at(1))) {
-                std::ostringstream mode;
-                mode << std::oct << int(e.symlink_status().permissions());
-                entries.insert(
-                    e.path().filename().string() + " " +
-                    (e.is_symlink() ? "-> " + fs::read_symlink(e).string() : mode.str()));
-            }
-            for (const std::string& entry : entries) print(entry);
+        } else if (c == "sh") {          // sh <command>: run by the shell; what it prints is output
+            ::setenv("LC_ALL", "C", 1);  // messages, quotes and sorting as written here
+            FILE* const out = ::popen(line.substr(3).c_str(), "r");
+            for (char l[512]; std::fgets(l, sizeof l, out);)
+                print(std::string(l, std::strcspn(l, "\n")));
+            ::pclose(out);
+        } else if (c == "umask") {  // umask <octal>: for the files this process creates
+            ::umask(mode_t(std::stoul(w.at(1), nullptr, 8)));
         } else if (c == "numbers") {  // how each number is written: with a point, as a float
             std::string out;
             for (std::size_t i = 1; i < w.size(); ++i)
@@ -327,16 +310,9 @@ class Runner {
             line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";
         } else if (c == "unlock") {
             otherRun_.reset();
-        } else if (c == "cat") {  // cat <file>: its lines, which must end in CR LF
-            std::istringstream bytes(readBytes(w.at(1)));
-            if (!fs::exists(w[1])) print("(no such file)");
-            for (std::string l; std::getline(bytes, l);) {
-                print(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1) : "|" + l + " <no CR>");
-            }
-        } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
-            const bool same = w.size() > 2 ? readBytes(w[1]) == readBytes(w[2])
-                                           : std::memcmp(&snapshots_.at(w.at(1)), &s().position,
-                                                         sizeof(Position)) == 0;
+        } else if (c == "same") {  // same <snapshot>: the position's tables as they were
+            const bool same =
+                std::memcmp(&snapshots_.at(w.at(1)), &s().position, sizeof(Position)) == 0;
             line += same ? "" : " (differs)";
         } else if (c == "snap") {
             snapshots_[w.at(1)] = s().position;
