@@ -132,6 +132,16 @@ std::vector<Point> fullBoard() {
     return order;
 }
 
+// The steps that press a button or choose a menu entry.
+const std::map<std::string, void (Game::*)()> buttons{{"new", &Game::newGame},
+                                                      {"back", &Game::cmdBackClick},
+                                                      {"forward", &Game::cmdForwClick},
+                                                      {"back-end", &Game::backwardEndClick},
+                                                      {"forward-end", &Game::cmdForwardEndClick},
+                                                      {"suggest", &Game::toggleSuggestion},
+                                                      {"show-suggestion", &Game::showSuggestion},
+                                                      {"computer-game", &Game::computerGame}};
+
 class Runner {
   public:
     std::string run(std::istream& in) {
@@ -220,8 +230,8 @@ class Runner {
             if (w.size() > 3) toolkit_.width = std::stod(w[1]);
             if (w.size() > 3) toolkit_.depthTexts[0] = w[2], toolkit_.depthTexts[1] = w[3];
             game_->startSession();
-        } else if (c == "new") {
-            game_->newGame();
+        } else if (buttons.contains(c)) {
+            ((*game_).*buttons.at(c))();
         } else if (c == "set" || c == "state") {
             line = c;
             for (std::size_t i = 1; i < w.size(); ++i) {
@@ -244,17 +254,6 @@ class Runner {
                                       (float(point(w[i]).y) - 0.5f) * float(s().cellSize));
         } else if (c == "mouse") {  // mouse X Y: in twips
             game_->boardMouseDown(std::stof(w.at(1)), std::stof(w.at(2)));
-        } else if (c == "back" || c == "forward" || c == "back-end" || c == "forward-end") {
-            void (Game::*const buttons[])() = {&Game::cmdBackClick, &Game::cmdForwClick,
-                                               &Game::backwardEndClick, &Game::cmdForwardEndClick};
-            const Words names{"back", "forward", "back-end", "forward-end"};
-            ((*game_).*buttons[std::find(names.begin(), names.end(), c) - names.begin()])();
-        } else if (c == "suggest") {
-            game_->toggleSuggestion();
-        } else if (c == "show-suggestion") {
-            game_->showSuggestion();
-        } else if (c == "computer-game") {
-            game_->computerGame();
         } else if (c == "move") {  // move <player kind>
             game_->computerMove(arg(1));
         } else if (c == "settings") {  // settings <black> <white> <box 0> <box 1> [<option>]
@@ -271,13 +270,15 @@ class Runner {
             fillSettings(*game_, v);
             print("rows " + v.blackRow + " / " + v.whiteRow + ", option " +
                   std::to_string(int(v.situation)) + ", boxes \"" + v.depthBox[0] + "\"");
-        } else if (c == "depths") {  // what each text gives as a depth, "-" for none
-            std::string out = "gives";
+        } else if (c == "depths" || c == "numbers") {  // each word as a depth ("-" for none)
+            std::string out;  // or as written to a file, a float when it has a point
             for (std::size_t i = 1; i < w.size(); ++i) {
                 const auto depth = depthFromText(w[i]);
-                out += " " + (depth ? std::to_string(*depth) : "-");
+                out += c == "depths" ? " " + (depth ? std::to_string(*depth) : "-")
+                       : w[i].find('.') == std::string::npos ? numberForm(std::stoi(w[i]))
+                                                             : numberForm(std::stof(w[i]));
             }
-            print(out);
+            print("\"" + out + "\"");
         } else if (c == "suggestion-depths") {  // stone count: depth, where it changes
             std::string out = "from";
             for (int n = 0; n <= maxStones; ++n) {
@@ -286,8 +287,8 @@ class Runner {
                     out += " " + std::to_string(n) + ":" + std::to_string(d);
             }
             print(out);
-        } else if (c == "answer") {  // answer cancel: for the next message box
-            toolkit_.answers.push_back(MessageAnswer::cancel);
+        } else if (c == "cancel") {  // the next message box is answered Cancel
+            ++toolkit_.cancels;
         } else if (c == "save" || c == "read") {
             s().boardFilePath = w.at(1);
             c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
@@ -299,12 +300,6 @@ class Runner {
             ::pclose(out);
         } else if (c == "umask") {  // umask <octal>: for the files this process creates
             ::umask(mode_t(std::stoul(w.at(1), nullptr, 8)));
-        } else if (c == "numbers") {  // how each number is written: with a point, as a float
-            std::string out;
-            for (std::size_t i = 1; i < w.size(); ++i)
-                out += w[i].find('.') == std::string::npos ? numberForm(std::stoi(w[i]))
-                                                           : numberForm(std::stof(w[i]));
-            print("\"" + out + "\"");
         } else if (c == "lock") {  // lock <report>: as another run holds it; unlock ends that
             otherRun_.emplace();
             line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";

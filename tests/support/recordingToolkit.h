@@ -3,7 +3,6 @@
 // text, the request's name and then its values ("stone 8,8 1 -1"), answers
 // message boxes from a queue and supplies the design values start-up reads.
 
-#include <deque>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -16,8 +15,7 @@ namespace quintline::testing {
 class RecordingToolkit final : public Toolkit {
   public:
     std::vector<std::string> lines;
-    std::deque<MessageAnswer> answers;  // for the coming message boxes; OK when empty
-    std::string caption{design::mainCaption};
+    int cancels = 0;  // the coming message boxes answered Cancel; the rest OK
     double width = design::boardWidth;
     std::string depthTexts[2] = {std::string(design::depthBoxText),
                                  std::string(design::depthBoxText)};
@@ -32,10 +30,9 @@ class RecordingToolkit final : public Toolkit {
     void repaint() override { add("repaint"); }
     MessageAnswer messageBox(std::string_view text, MessageButtons buttons) override {
         add(buttons == MessageButtons::ok ? "message " : "ask ", text);
-        if (answers.empty()) return MessageAnswer::ok;
-        const MessageAnswer answer = answers.front();
-        answers.pop_front();
-        return answer;
+        if (cancels == 0) return MessageAnswer::ok;
+        --cancels;
+        return MessageAnswer::cancel;
     }
     void drawClearAndGrid() override { add("grid"); }
     void drawStoneAndRing(Point p, Side colour, Side user) override {
@@ -49,7 +46,7 @@ class RecordingToolkit final : public Toolkit {
     }
     void drawSuggestionMark(Point p) override { add("mark ", p); }
 
-    std::string designCaption() override { return caption; }
+    std::string designCaption() override { return std::string(design::mainCaption); }
     double boardWidth() override { return width; }
     std::string depthBoxText(int index) override { return depthTexts[index]; }
 
