@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
+#include <iomanip>
 #include <map>
 #include <optional>
 
@@ -32,21 +33,11 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-// Blank-separated words; double quotes keep blanks in a word ("" is an empty word).
+// Blank-separated words; a word that opens with a double quote runs to the next one.
 Words split(const std::string& line) {
     Words words;
-    bool inWord = false, quoted = false;
-    for (const char ch : line) {
-        if (ch == ' ' && !quoted) {
-            inWord = false;
-            continue;
-        }
-        if (!inWord) words.emplace_back(), inWord = true;
-        if (ch == '"')
-            quoted = !quoted;
-        else
-            words.back() += ch;
-    }
+    std::istringstream in(line);
+    for (std::string word; in >> std::quoted(word);) words.push_back(word);
     return words;
 }
 
@@ -191,7 +182,7 @@ class Runner {
             {"cellSize", &GameState::cellSize},     {"suggestion", &GameState::suggestionOn},
             {"blackSide", &GameState::blackSide},   {"whiteSide", &GameState::whiteSide}};
         if (name == "path") {
-            if (value) s().boardFilePath = *value;
+            if (value) s().boardFilePath = value->substr(1, value->size() - 2);  // "quoted"
             return '"' + s().boardFilePath + '"';
         }
         const auto index = [&](std::size_t prefix) { return std::stoul(name.substr(prefix)); };
