@@ -41,6 +41,16 @@ Words split(const std::string& line) {
     return words;
 }
 
+// The pieces of `text` between the separators.
+Words pieces(const std::string& text, const std::string& separator) {
+    Words out;
+    for (std::size_t from = 0, to = 0; from < text.size(); from = to + separator.size()) {
+        to = std::min(text.find(separator, from), text.size());
+        out.push_back(text.substr(from, to - from));
+    }
+    return out;
+}
+
 Point point(const std::string& text) {  // "x,y"
     Point p;
     std::sscanf(text.c_str(), "%hd,%hd", &p.x, &p.y);
@@ -140,10 +150,8 @@ class Runner {
         while (std::getline(in, line)) {
             if (line.starts_with("  ")) continue;  // what the steps wrote last time
             std::string steps;
-            for (std::size_t from = 0, to = 0; from < line.size() && line[0] != '#';
-                 from = to + 3) {
-                to = std::min(line.find(" ; ", from), line.size());
-                steps += (from ? " ; " : "") + step(line.substr(from, to - from));
+            for (const std::string& piece : line[0] == '#' ? Words{} : pieces(line, " ; ")) {
+                steps += (steps.empty() ? "" : " ; ") + step(piece);
                 flush();
             }
             all += (line.empty() || line[0] == '#' ? line : steps) + "\n";
@@ -159,7 +167,8 @@ class Runner {
     // Moves the requests recorded so far to the output, less those hidden.
     void flush() {
         for (const std::string& l : toolkit_.lines) {
-            if (std::none_of(hide_.begin(), hide_.end(), [&](auto& p) { return l.starts_with(p); }))
+            if (std::none_of(hide_.begin(), hide_.end(),
+                             [&](auto& p) { return p == "*" || l.starts_with(p); }))
                 out_.push_back(l);
             const Words c = split(l);  // the last caption of each control, for `shown`
             if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
@@ -314,24 +323,16 @@ class Runner {
             clock_ = ScriptedClock(times, readings);
         } else if (c == "tournament") {  // tournament <cycles> [menu]
             s().cycleCount = arg(1);
-            if (w.size() > 2) {
-                runTournament(*game_);
-            } else {
-                runTournament(*game_, uniform_, clock_, "result.txt");
-                print("numbers drawn " + std::to_string(uniform_.drawn()));
-            }
+            w.size() > 2 ? runTournament(*game_)
+                         : runTournament(*game_, uniform_, clock_, "result.txt");
+            if (w.size() == 2) print("numbers drawn " + std::to_string(uniform_.drawn()));
         } else if (c == "suite") {  // suite <list> | suite menu
             w.at(1) == "menu" ? runTestSuite(*game_)
                               : runTestSuite(*game_, clock_, w[1], "result.txt");
         } else if (c == "shown") {  // the last caption of each control named
             for (std::size_t i = 1; i < w.size(); ++i) print(w[i] + "=" + captions_[w[i]]);
         } else if (c == "hide") {  // hide <prefix>, ...: requests left out from here on; * all
-            hide_.clear();
-            for (std::size_t from = 5, to = 0; from < line.size(); from = to + 2) {
-                to = std::min(line.find(", ", from), line.size());
-                hide_.push_back(line.substr(from, to - from) == "*" ? ""
-                                                                    : line.substr(from, to - from));
-            }
+            hide_ = line.size() > 5 ? pieces(line.substr(5), ", ") : Words{};
         } else {
             ADD_FAILURE() << "unknown step: " << line;
         }
