@@ -261,10 +261,8 @@ class Runner {
             const auto option = std::find(options.begin(), options.end(), w.size() > 5 ? w[5] : "");
             const SettingsValues v{
                 w.at(1), w.at(2), {w.at(3), w.at(4)}, Situation(option - options.begin())};
-            const auto closed = [&] {
-                toolkit_.lines.push_back("closed at " + field("stepNum", {}));
-            };
-            if (!acceptSettings(*game_, v, closed)) print("refused");
+            const auto close = [&] { toolkit_.add("closed at ", s().stepNum); };
+            if (!acceptSettings(*game_, v, close)) print("refused");
         } else if (c == "fill") {
             SettingsValues v{"-", "-", {"", ""}, Situation::aModelsB};
             fillSettings(*game_, v);
@@ -306,9 +304,8 @@ class Runner {
         } else if (c == "unlock") {
             otherRun_.reset();
         } else if (c == "same") {  // same <snapshot>: the position's tables as they were
-            const bool same =
-                std::memcmp(&snapshots_.at(w.at(1)), &s().position, sizeof(Position)) == 0;
-            line += same ? "" : " (differs)";
+            const Position& then = snapshots_.at(w.at(1));
+            line += std::memcmp(&then, &s().position, sizeof(Position)) == 0 ? "" : " (differs)";
         } else if (c == "snap") {
             snapshots_[w.at(1)] = s().position;
         } else if (c == "uniform") {  // the numbers the openings are drawn from

@@ -50,15 +50,17 @@ class RecordingToolkit final : public Toolkit {
     double boardWidth() override { return width; }
     std::string depthBoxText(int index) override { return depthTexts[index]; }
 
-  private:
-    static void put(std::ostream& out, const auto& part) { out << part; }
-    static void put(std::ostream& out, Control control) { out << controlName(control); }
-    static void put(std::ostream& out, Point p) { out << p.x << ',' << p.y; }
+    // One line of the parts; the runner records its own events this way too.
     void add(const auto&... parts) {
         std::ostringstream out;
         (put(out, parts), ...);
         lines.push_back(out.str());
     }
+
+  private:
+    static void put(std::ostream& out, const auto& part) { out << part; }
+    static void put(std::ostream& out, Control control) { out << controlName(control); }
+    static void put(std::ostream& out, Point p) { out << p.x << ',' << p.y; }
 };
 
 }  // namespace quintline::testing
