@@ -48,25 +48,14 @@ constexpr int positions = 60;
 constexpr int positions = 15;  // unoptimised builds run the literal search slowly
 #endif
 
+// Compact clusters: threes and fours are common, trees stay small.
 TEST(WindowValue, KeepsItsContractAgainstTheLiteralValue) {
     std::mt19937 rng(99);
-    for (int n = 0; n < positions && !HasFatalFailure(); ++n) {
-        // Compact clusters: threes and fours are common, trees stay small.
-        SearchState s;
-        s.stepNum = static_cast<std::int16_t>(3 + rng() % 12);
-        for (int i = 0; i < s.stepNum; ++i) {
-            std::int16_t x, y;
-            do {
-                x = static_cast<std::int16_t>(6 + rng() % 5);
-                y = static_cast<std::int16_t>(6 + rng() % 5);
-            } while (s.position.board[x][y] != empty);
-            placeStone(s.position, x, y, i % 2 == 0 ? black : white);
-        }
+    for (const SearchState& s : testing::boards::randomPositions(positions, 99, 14, 5))
         for (std::int16_t depth = 1; depth <= 3 && !HasFatalFailure(); ++depth) {
             expectContract<EvaluatorA, evalA>(s, depth, rng);
             expectContract<EvaluatorB, evalB>(s, depth, rng);
         }
-    }
 }
 
 // Boards whose leaves two plies down land exactly on the stop thresholds, with
