@@ -141,17 +141,10 @@ TEST(SearchDifferential, ThresholdBoardsHitBothThresholdsForBothColours) {
             EXPECT_TRUE(hits.contains({e, t})) << "evaluator " << e << ", score " << t;
 }
 
-TEST(SearchDifferential, ComputerA) {
-    compareAll(computerA, 1000);
-}
-TEST(SearchDifferential, ComputerB) {
-    compareAll(computerB, 2000);
-}
-TEST(SearchDifferential, AKnowsB) {
-    compareAll(aKnowsB, 3000);
-}
-TEST(SearchDifferential, BKnowsA) {
-    compareAll(bKnowsA, 4000);
+TEST(SearchDifferential, EveryKind) {
+    for (auto [kind, seed] :
+         {std::pair{computerA, 1000u}, {computerB, 2000u}, {aKnowsB, 3000u}, {bKnowsA, 4000u}})
+        compareAll(kind, seed);
 }
 
 }  // namespace
