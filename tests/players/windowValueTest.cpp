@@ -48,23 +48,19 @@ constexpr int positions = 60;
 constexpr int positions = 15;  // unoptimised builds run the literal search slowly
 #endif
 
-// Compact clusters: threes and fours are common, trees stay small.
+// Compact clusters, where threes and fours are common and trees stay small, at
+// depths 1 to 3; then boards whose leaves two plies down land exactly on the
+// stop thresholds, with every window, bounds one past the thresholds included.
 TEST(WindowValue, KeepsItsContractAgainstTheLiteralValue) {
-    std::mt19937 rng(99);
+    std::mt19937 rng(99), thresholdRng(7);
     for (const SearchState& s : testing::boards::randomPositions(positions, 99, 14, 5))
         for (std::int16_t depth = 1; depth <= 3 && !HasFatalFailure(); ++depth) {
             expectContract<EvaluatorA, evalA>(s, depth, rng);
             expectContract<EvaluatorB, evalB>(s, depth, rng);
         }
-}
-
-// Boards whose leaves two plies down land exactly on the stop thresholds, with
-// every window, bounds one past the thresholds included.
-TEST(WindowValue, KeepsItsContractOnTheThresholdBoards) {
-    std::mt19937 rng(7);
     for (const SearchState& s : testing::boards::onThresholds()) {
-        expectContract<EvaluatorA, evalA>(s, 2, rng, 0);
-        expectContract<EvaluatorB, evalB>(s, 2, rng, 0);
+        expectContract<EvaluatorA, evalA>(s, 2, thresholdRng, 0);
+        expectContract<EvaluatorB, evalB>(s, 2, thresholdRng, 0);
     }
 }
 

@@ -28,19 +28,8 @@ TEST(LineTable, LinesListsAndCounts) {
     EXPECT_EQ(uses[0], 0);
     for (int id = 1; id <= lineCount; ++id) EXPECT_EQ(uses[id], lineLength) << "line " << id;
 
-    // Id, first point and step. With five uses per id, these five points are the whole line.
-    const int telling[][5] = {{1, 1, 1, 1, 0},     {11, 11, 1, 1, 0},   {12, 1, 2, 1, 0},
-                              {165, 11, 15, 1, 0}, {166, 1, 1, 0, 1},   {176, 1, 11, 0, 1},
-                              {177, 2, 1, 0, 1},   {330, 15, 11, 0, 1}, {331, 1, 1, 1, 1},
-                              {451, 11, 11, 1, 1}, {452, 15, 1, -1, 1}, {462, 5, 1, -1, 1},
-                              {572, 5, 11, -1, 1}};
-    for (const auto& [id, x0, y0, dx, dy] : telling)
-        for (int k = 0; k < lineLength; ++k) {
-            const std::vector<int> ids = idsAt(x0 + k * dx, y0 + k * dy);
-            EXPECT_NE(std::find(ids.begin(), ids.end(), id), ids.end()) << id << " at " << k;
-        }
-
-    // The lists keep the order of generation.
+    // The lists keep the order of generation; with five uses per id, they place
+    // lines of all four directions, from both edges and from the middle.
     using Ids = std::vector<int>;
     EXPECT_EQ(idsAt(15, 1), (Ids{452, 11, 320}));
     EXPECT_EQ(idsAt(3, 3), (Ids{331, 23, 343, 24, 188, 189, 25, 190, 355, 462}));
