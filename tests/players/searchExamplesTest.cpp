@@ -74,9 +74,7 @@ TEST(Searches, WorkedExamples) {
         {Moves{}, computerA, 2, -2147483647, 0, {0, 0}},
         // Equal values: the plain searches take the last, the others keep the first.
         {lone, computerA, 1, 0, 0, {9, 9}},
-        {lone, computerB, 1, 0, 0, {9, 9}},
         {lone, aKnowsB, 1, 0, 0, {7, 7}},
-        {lone, bKnowsA, 1, 0, 0, {7, 7}},
         // The model score is the other computer's plain value.
         {three, aKnowsB, 2, 145, 75, {9, 9}},
         {three, bKnowsA, 2, 75, 160, {9, 9}},

@@ -94,8 +94,8 @@ int fill(Position& pos, auto skip) {
     return stones;
 }
 
-TEST(GameEnd, FivesOfTheMoverFromTheNinthStone) {
-    Position pos;
+TEST(GameEnd, FivesOfTheMoverFromTheNinthStoneAndDraws) {
+    Position pos, seven, full, winning, gaps, held, open;
     for (int y = 4; y <= 8; ++y) put(pos, 10, y, black);
     for (int y = 4; y <= 8; ++y) put(pos, 2, y, white);
     // Nothing is looked at before stone 9; only the mover's colour, on the lines
@@ -108,14 +108,11 @@ TEST(GameEnd, FivesOfTheMoverFromTheNinthStone) {
     EXPECT_EQ(gameEndTest(pos, 11, 14, 14, white), gameOpen);
 
     // A stone joining two runs into seven raises three lines to five.
-    Position seven;
     for (int k : {4, 5, 6, 8, 9, 10, 7}) put(seven, k, k, white);
     EXPECT_EQ(seven.census(white, 5), 3);
     EXPECT_EQ(gameEndTest(seven, 13, 7, 7, white), whiteWon);
-}
 
-TEST(GameEnd, DrawsWhenNoLineIsOpenOrTheBoardIsFull) {
-    Position full, winning, gaps, held, open;
+    // Draws when no line is open or the board is full.
     fill(full, [](int x, int y) { return x == 8 && y == 8; });
     put(full, 8, 8, black);
     EXPECT_EQ(gameEndTest(full, 225, 8, 8, black), gameDrawn);
