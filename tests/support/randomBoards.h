@@ -37,36 +37,33 @@ inline Samples randomPositions(int count, std::uint32_t seed, int most, int box,
     return samples;
 }
 
-// 20 to 119 stones anywhere, a fifth to four fifths of them black: the side
-// with more lines can be far ahead while the other holds fours.
-inline SearchState lopsided(std::uint32_t seed) {
-    std::mt19937 rng(seed);
-    SearchState s;
-    const int stones = 20 + static_cast<int>(rng() % 100);
-    const unsigned blackShare = 20 + rng() % 60;  // percent
-    for (int n = 0; n < stones; ++n) {
-        std::int16_t x, y;
-        do {
-            x = pick(rng, 1, 15);
-            y = pick(rng, 1, 15);
-        } while (s.position.board[x][y] != empty);
-        placeStone(s.position, x, y, rng() % 100 < blackShare ? black : white);
-    }
-    s.stepNum = static_cast<std::int16_t>(stones + rng() % 2);
-    return s;
-}
-
-// Lopsided boards with a leaf two plies down scoring exactly sureScore or
-// winScore, for either colour and either evaluator; then boards where a side
-// that is to lose to a five has fives of several values against it, one of
-// them exactly winScore; last, boards where the root's mover has a child
-// scoring exactly its stop threshold.
+// Lopsided boards: 20 to 119 stones anywhere, a fifth to four fifths of them
+// black, so the side with more lines can be far ahead while the other holds
+// fours. These seeds give boards with a leaf two plies down scoring exactly
+// sureScore or winScore, for either colour and either evaluator; then boards
+// where a side that is to lose to a five has fives of several values against
+// it, one of them exactly winScore; last, boards where the root's mover has a
+// child scoring exactly its stop threshold.
 inline Samples onThresholds() {
     const std::uint32_t seeds[] = {12,   62,   144,    175,     189,     363,     398,    436, 573,
                                    744,  810,  970,    1120,    1216,    1503,    1802,   102, 190,
                                    1544, 9625, 278101, 3010215, 3127819, 3207719, 3309925};
     Samples samples;
-    for (std::uint32_t seed : seeds) samples.push_back(lopsided(seed));
+    for (std::uint32_t seed : seeds) {
+        std::mt19937 rng(seed);
+        SearchState& s = samples.emplace_back();
+        const int stones = 20 + static_cast<int>(rng() % 100);
+        const unsigned blackShare = 20 + rng() % 60;  // percent
+        for (int n = 0; n < stones; ++n) {
+            std::int16_t x, y;
+            do {
+                x = pick(rng, 1, 15);
+                y = pick(rng, 1, 15);
+            } while (s.position.board[x][y] != empty);
+            placeStone(s.position, x, y, rng() % 100 < blackShare ? black : white);
+        }
+        s.stepNum = static_cast<std::int16_t>(stones + rng() % 2);
+    }
     return samples;
 }
 
