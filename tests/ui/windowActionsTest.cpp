@@ -19,7 +19,7 @@ namespace {
 
 // The control of a window with the given name.
 template <class Control = QWidget>
-Control* in(const QWidget& window, const char* name) {
+Control* in(const QWidget& window, const QString& name) {
     return window.findChild<Control*>(name);
 }
 
@@ -37,14 +37,22 @@ void whenModal(const std::function<void(QWidget&)>& answer) {
 
 class MainFormTest : public ::testing::Test {
   protected:
-    // Triggers a menu item, clicks a control, or clicks the point "x y" on the
-    // board, with the right button: any button plays.
-    void act(const char* step) {
-        int x = 0, y = 0;
-        if (auto* item = in<QAction>(form, step)) return item->trigger();
-        if (std::sscanf(step, "%d %d", &x, &y) < 2)
-            return QTest::mouseClick(in(form, step), Qt::LeftButton);
-        QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {}, pixelAt(x, y));
+    // Triggers a menu item, clicks a control, clicks the point "x y" on the
+    // board with the right button (any button plays), or names the file of a
+    // board file dialog item ("save b.txt"; none: Cancel).
+    void act(const QString& step) {
+        const QStringList words = step.split(' ');
+        if (words[0] == "save" || words[0] == "read") {
+            whenModal([file = words.value(1)](QWidget& dialog) {
+                nameBoardFile(dialog, file, file);
+                QTest::mouseClick(in(dialog, file.isEmpty() ? "CancelButton" : "OKButton"),
+                                  Qt::LeftButton);
+            });
+        }
+        if (auto* item = in<QAction>(form, words[0])) return item->trigger();
+        if (words.size() < 2) return QTest::mouseClick(in(form, step), Qt::LeftButton);
+        QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {},
+                          pixelAt(words[0].toInt(), words[1].toInt()));
     }
     QPoint pixelAt(int x, int y, double dx = 0) {
         return {int(form.scale().toPixels((x - 0.5) * s.cellSize + dx)),
@@ -68,28 +76,43 @@ class MainFormTest : public ::testing::Test {
     GameState& s = form.game().state();
 };
 
+// A chosen board file's path goes into the title bar, after the title; Cancel leaves it.
 TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
+    QTemporaryDir scratch;
+    const QString previous = QDir::currentPath(), title = form.windowTitle();
+    ASSERT_TRUE(QDir::setCurrent(scratch.path()));
     form.show();
     EXPECT_EQ(form.boardPicture().grab().toImage().convertToFormat(QImage::Format_RGB32),
               form.boardPicture().canvas().image());
     act("7 7");
     const Point reply{s.moveRecord[3].x, s.moveRecord[3].y};
-    // Each step, then stepNumLab, the enabled ones of "<" and ">", and (7, 7),
-    // (8, 8) and the reply on the picture.
+    // Each step, then stepNumLab, the enabled ones of "<" and ">", (7, 7),
+    // (8, 8) and the reply on the picture, and what follows the title.
     const std::pair<const char*, const char*> flow[] = {
-        {"7 7", "3 < WW BB BW "},      {"backwardEnd", "0 > -- -- -- "},
-        {"cmdForw", "1 <> -- BB -- "}, {"cmdForwardEnd", "3 < WW BB BB "},
-        {"new", "1 < -- BW -- "},      {"Command1", "1 < -- BW -- -B "}};
+        {"7 7", "3 < WW BB BW "},
+        {"backwardEnd", "0 > -- -- -- "},
+        {"cmdForw", "1 <> -- BB -- "},
+        {"cmdForwardEnd", "3 < WW BB BB "},
+        {"save b.txt", "3 < WW BB BB       ~/b.txt"},
+        {"new", "1 < -- BW --       ~/b.txt"},
+        {"Command1", "1 < -- BW -- -B       ~/b.txt"},
+        {"read", "1 < -- BW -- -B       ~/b.txt"},
+        {"read b.txt", "1 <> -- -- --       ~/b.txt"},  // ready to replay
+        {"cmdForwardEnd", "3 < WW BB BB       ~/b.txt"}};
     for (const auto& [step, shown] : flow) {
         act(step);
         EXPECT_EQ(in<QLabel>(form, "stepNumLab")->text().toStdString() + ' ' +
                       (in(form, "cmdBack")->isEnabled() ? "<" : "") +
                       (in(form, "cmdForw")->isEnabled() ? ">" : "") + ' ' +
                       picture({{7, 7}, {8, 8}, reply}) +
-                      (s.suggestionOn ? picture({{s.bestX[1], s.bestY[1]}}) : ""),
+                      (s.suggestionOn ? picture({{s.bestX[1], s.bestY[1]}}) : "") +
+                      form.windowTitle().remove(title).replace(scratch.path(), "~").toStdString(),
                   shown)
             << step;
     }
+    act("one");
+    EXPECT_TRUE(s.cycleCount == 1 && QFile::exists("result.txt"));
+    QDir::setCurrent(previous);
 }
 
 TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
@@ -116,28 +139,6 @@ TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     EXPECT_EQ(refusal, "search depth must be a whole number from 1 to 9");
     EXPECT_EQ(shown, "3Computer A12User3User");  // the design depth again, the players kept
     EXPECT_TRUE(s.depthA == 2 && s.blackSide == userKind);
-}
-
-// A chosen path goes into the title bar, after the title; Cancel leaves it.
-TEST_F(MainFormTest, SaveAndReadPutThePathInTheTitleAndBatchesRun) {
-    QTemporaryDir scratch;
-    const QString previous = QDir::currentPath(), title = form.windowTitle();
-    ASSERT_TRUE(QDir::setCurrent(scratch.path()));
-    const auto choose = [&](const char* item, const char* file) {  // no file: Cancel
-        whenModal([=](QWidget& dialog) {
-            nameBoardFile(dialog, file, file);
-            QTest::mouseClick(in(dialog, file ? "OKButton" : "CancelButton"), Qt::LeftButton);
-        });
-        act(item);
-        return form.windowTitle().remove(title) + QString::number(s.movesAhead);
-    };
-    const QString path = "      " + QDir::toNativeSeparators(scratch.path() + "/b.txt");
-    EXPECT_EQ(choose("read", nullptr), "0");
-    EXPECT_EQ(choose("save", "b.txt"), path + "0");
-    EXPECT_EQ(choose("read", "b.txt"), path + "1");  // the board read back for replay
-    act("one");
-    EXPECT_TRUE(s.cycleCount == 1 && QFile::exists("result.txt"));
-    QDir::setCurrent(previous);
 }
 
 // Counts the paint events a widget receives.
