@@ -12,6 +12,7 @@
 #include "ui/boardFileDialog.h"
 #include "ui/boardPicture.h"
 #include "ui/mainForm.h"
+#include "ui/messageBox.h"
 #include "ui/settingsDialog.h"
 
 namespace quintline {
@@ -248,6 +249,22 @@ TEST(AboutBox, ItsHiddenButtonStillStartsTheLauncher) {
     AboutBox box(TwipScale(96), {store, {}, {}, [&](std::string_view text) { said = text; }});
     in<QPushButton>(box, "cmdSysInfo")->click();
     EXPECT_EQ(said, sysInfoUnavailable);
+}
+
+// A message box's title bar as the window manager reads it: only a real X
+// display has one (CTest runs this under xvfb-run as well).
+TEST(MessageBox, HasAnEmptyTitleInTheWindowSystem) {
+    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "needs an X display";
+    QProcess xprop;
+    QTimer::singleShot(0, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        xprop.start("xprop", {"-id", QString::number(box->winId()), "_NET_WM_NAME", "WM_NAME"});
+        xprop.waitForFinished();
+        box->close();
+    });
+    showMessageBox(nullptr, "GameOver! You Win!", MessageButtons::ok);
+    EXPECT_EQ(xprop.readAllStandardOutput().toStdString(),
+              "_NET_WM_NAME(UTF8_STRING) = \nWM_NAME(STRING) = \n");
 }
 
 }  // namespace
