@@ -42,7 +42,6 @@ QString captionOf(const QObject* o) {
     if (auto* button = qobject_cast<const QAbstractButton*>(o)) return button->text();
     if (auto* combo = qobject_cast<const QComboBox*>(o)) return combo->currentText();
     if (auto* group = qobject_cast<const QGroupBox*>(o)) return group->title();
-    if (auto* edit = qobject_cast<const QLineEdit*>(o)) return edit->text();
     if (auto* menu = qobject_cast<const QMenu*>(o)) return menu->title();
     return qobject_cast<const QWidget*>(o)->windowTitle();
 }
@@ -189,10 +188,9 @@ TEST(Windows, MatchTheirGoldenFilesAndEveryTextFits) {
             for (const QString& text : texts) {
                 const QRect box = landing(w, text), area = textArea(w).first;
                 const QWidget* hit = text.isEmpty() ? nullptr : runsInto(w, box);
-                EXPECT_TRUE(text.isEmpty() || (area.contains(box) && hit == nullptr))
-                    << qPrintable(where) << " \"" << qPrintable(text) << "\" needs " << box.width()
-                    << "x" << box.height() << " of " << area.width() << "x" << area.height()
-                    << (hit ? " and runs into " + hit->objectName().toStdString() : "");
+                EXPECT_TRUE(text.isEmpty() || (area.contains(box) && !hit))
+                    << qPrintable(where + " \"" + text + "\" leaves its area or runs into ")
+                    << (hit ? qPrintable(hit->objectName()) : "nothing");
             }
         }
     }

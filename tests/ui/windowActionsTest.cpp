@@ -117,17 +117,17 @@ TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
 }
 
 TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
-    QString refusal, shown;
+    QString shown;  // the depth and black's row each time it is filled; the refusal
     const auto fill = [&](QWidget& dialog, const char* depth, const char* black, const char* ok) {
         auto *box = in<QComboBox>(dialog, "Combo3(0)"), *row = in<QComboBox>(dialog, "Combo1");
-        shown += box->currentText() + row->currentText();
+        shown += box->currentText() + ' ' + row->currentText() + '|';
         box->setEditText(depth);
         row->setEditText(black);
         in<QPushButton>(dialog, ok)->click();
     };
     whenModal([&](QWidget& dialog) {
         whenModal([&](QWidget& box) {
-            refusal = dynamic_cast<QMessageBox&>(box).text();
+            shown += dynamic_cast<QMessageBox&>(box).text() + '|';
             QTest::keyClick(&box, Qt::Key_Return);
         });
         fill(dialog, "12", "User", "OKButton");
@@ -137,8 +137,9 @@ TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     act("sr");
     whenModal([&](QWidget& dialog) { fill(dialog, "2", "Computer B", "CancelButton"); });
     act("sr");
-    EXPECT_EQ(refusal, "search depth must be a whole number from 1 to 9");
-    EXPECT_EQ(shown, "3Computer A12User3User");  // the design depth again, the players kept
+    // The design depth again, the players kept.
+    EXPECT_EQ(shown,
+              "3 Computer A|search depth must be a whole number from 1 to 9|12 User|3 User|");
     EXPECT_TRUE(s.depthA == 2 && s.blackSide == userKind);
 }
 
