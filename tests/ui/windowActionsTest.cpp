@@ -36,6 +36,14 @@ void whenModal(const std::function<void(QWidget&)>& answer) {
     QTimer::singleShot(0, [answer] { answer(*QApplication::activeModalWidget()); });
 }
 
+// Counts the paint events a widget receives.
+struct PaintCounter : QObject {
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        return paints += event->type() == QEvent::Paint, false;
+    }
+};
+
 class MainFormTest : public ::testing::Test {
   protected:
     // Triggers a menu item, clicks a control, clicks the point "x y" on the
@@ -77,8 +85,9 @@ class MainFormTest : public ::testing::Test {
     GameState& s = form.game().state();
 };
 
-// A chosen board file's path goes into the title bar, after the title; Cancel leaves it.
-TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
+// A chosen board file's path goes into the title bar, after the title; Cancel
+// leaves it. Settings refuse a bad depth, then set the players and show them again.
+TEST_F(MainFormTest, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
     QTemporaryDir scratch;
     const QString previous = QDir::currentPath(), title = form.windowTitle();
     ASSERT_TRUE(QDir::setCurrent(scratch.path()));
@@ -111,12 +120,6 @@ TEST_F(MainFormTest, ClicksReachTheGameAndItsFiguresThePicture) {
                       form.windowTitle().remove(title).remove("      " + scratch.path() + "/"),
                   row);
     }
-    act("one");
-    EXPECT_TRUE(s.cycleCount == 1 && QFile::exists("result.txt"));
-    QDir::setCurrent(previous);
-}
-
-TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     QString shown;  // the depth and black's row each time it is filled; the refusal
     const auto fill = [&](QWidget& dialog, const char* depth, const char* black, const char* ok) {
         auto *box = in<QComboBox>(dialog, "Combo3(0)"), *row = in<QComboBox>(dialog, "Combo1");
@@ -138,21 +141,11 @@ TEST_F(MainFormTest, SettingsRefuseABadDepthThenSetThePlayersAndShowThemAgain) {
     whenModal([&](QWidget& dialog) { fill(dialog, "2", "Computer B", "CancelButton"); });
     act("sr");
     // The design depth again, the players kept.
-    EXPECT_EQ(shown,
+    EXPECT_EQ(shown.toStdString(),
               "3 Computer A|search depth must be a whole number from 1 to 9|12 User|3 User|");
     EXPECT_TRUE(s.depthA == 2 && s.blackSide == userKind);
-}
-
-// Counts the paint events a widget receives.
-struct PaintCounter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* event) override {
-        return paints += event->type() == QEvent::Paint, false;
-    }
-};
-
-TEST_F(MainFormTest, RepaintPaintsAtOnceAndQuitEndsTheLoop) {
-    form.show();
+    act("one");
+    EXPECT_TRUE(s.cycleCount == 1 && QFile::exists("result.txt"));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     QApplication::processEvents();
     PaintCounter counter;
@@ -166,6 +159,7 @@ TEST_F(MainFormTest, RepaintPaintsAtOnceAndQuitEndsTheLoop) {
     QTimer::singleShot(0, &form, [&] { act("quit"); });
     QTimer::singleShot(3000, [] { QCoreApplication::exit(1); });
     EXPECT_TRUE(QApplication::exec() == 0 && form.isVisible());
+    QDir::setCurrent(previous);
 }
 
 std::string text(const SettingsValues& v) {
