@@ -44,12 +44,32 @@ struct PaintCounter : QObject {
     }
 };
 
-class MainFormTest : public ::testing::Test {
-  protected:
+// A chosen board file's path goes into the title bar, after the title; Cancel
+// leaves it. Settings refuse a bad depth, then set the players and show them again.
+TEST(MainForm, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
+    MainForm form;
+    GameState& s = form.game().state();
+    const auto pixelAt = [&](int x, int y, double dx = 0) {
+        return QPoint(int(form.scale().toPixels((x - 0.5) * s.cellSize + dx)),
+                      int(form.scale().toPixels((y - 0.5) * s.cellSize)));
+    };
+    // Each point as its centre then its ring: B black, W white, - the background.
+    const auto picture = [&](std::initializer_list<Point> points) {
+        QString shown;
+        for (const Point p : points) {
+            for (const double dx : {0.0, 133.25}) {
+                const QColor c = form.boardPicture().canvas().image().pixel(pixelAt(p.x, p.y, dx));
+                const QColor ground = form.palette().color(QPalette::Button);
+                shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : c == ground ? '-' : '?';
+            }
+            shown += ' ';
+        }
+        return shown;
+    };
     // Triggers a menu item, clicks a control, clicks the point "x y" on the
     // board with the right button (any button plays), or names the file of a
     // board file dialog item ("save b.txt"; none: Cancel).
-    void act(const QString& step) {
+    const auto act = [&](const QString& step) {
         const QStringList words = step.split(' ');
         if (words[0] == "save" || words[0] == "read") {
             whenModal([file = words.value(1)](QWidget& dialog) {
@@ -62,32 +82,7 @@ class MainFormTest : public ::testing::Test {
         if (words.size() < 2) return QTest::mouseClick(in(form, step), Qt::LeftButton);
         QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {},
                           pixelAt(words[0].toInt(), words[1].toInt()));
-    }
-    QPoint pixelAt(int x, int y, double dx = 0) {
-        return {int(form.scale().toPixels((x - 0.5) * s.cellSize + dx)),
-                int(form.scale().toPixels((y - 0.5) * s.cellSize))};
-    }
-    // Each point as its centre then its ring: B black, W white, - the background.
-    QString picture(std::initializer_list<Point> points) {
-        QString shown;
-        for (const Point p : points) {
-            for (const double dx : {0.0, 133.25}) {
-                const QColor c = form.boardPicture().canvas().image().pixel(pixelAt(p.x, p.y, dx));
-                const QColor ground = form.palette().color(QPalette::Button);
-                shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : c == ground ? '-' : '?';
-            }
-            shown += ' ';
-        }
-        return shown;
-    }
-
-    MainForm form;
-    GameState& s = form.game().state();
-};
-
-// A chosen board file's path goes into the title bar, after the title; Cancel
-// leaves it. Settings refuse a bad depth, then set the players and show them again.
-TEST_F(MainFormTest, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
+    };
     QTemporaryDir scratch;
     const QString previous = QDir::currentPath(), title = form.windowTitle();
     ASSERT_TRUE(QDir::setCurrent(scratch.path()));
