@@ -37,13 +37,10 @@ void expectGolden(const QString& name, const QString& text) {
 }
 
 // The text a control shows, whatever its kind.
-QString captionOf(const QObject* o) {
-    if (auto* label = qobject_cast<const QLabel*>(o)) return label->text();
-    if (auto* button = qobject_cast<const QAbstractButton*>(o)) return button->text();
-    if (auto* combo = qobject_cast<const QComboBox*>(o)) return combo->currentText();
-    if (auto* group = qobject_cast<const QGroupBox*>(o)) return group->title();
-    if (auto* menu = qobject_cast<const QMenu*>(o)) return menu->title();
-    return qobject_cast<const QWidget*>(o)->windowTitle();
+QString captionOf(const QWidget* w) {
+    for (const char* caption : {"text", "title", "currentText"})
+        if (const QVariant v = w->property(caption); v.isValid()) return v.toString();
+    return w->windowTitle();
 }
 
 QString quoted(QString text) {
@@ -75,11 +72,8 @@ QString controlTable(const QWidget& window, const TwipScale& scale) {
         table += ' ' + (parent != nullptr ? parent->objectName() : "-");
         if (auto* combo = qobject_cast<const QComboBox*>(w))
             for (int i = 0; i < combo->count(); ++i) table += ' ' + quoted(combo->itemText(i));
-        if (auto* button = qobject_cast<const QAbstractButton*>(w); button && button->isChecked())
-            table += " checked";
-        if (auto* button = qobject_cast<const QPushButton*>(w))
-            table += QString(button->isDefault() ? " default" : "") +
-                     (button->autoDefault() ? " autoDefault" : "");
+        for (const char* mark : {"checked", "default", "autoDefault"})
+            table += w->property(mark).toBool() ? QString(' ') + mark : "";
         QList<QAction*> items;
         if (auto* menu = qobject_cast<const QMenu*>(w)) items = menu->actions();
         if (auto* main = qobject_cast<const QMainWindow*>(w)) items = main->menuBar()->actions();
