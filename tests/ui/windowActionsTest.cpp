@@ -256,3 +256,11 @@ TEST(MessageBox, HasAnEmptyTitleInTheWindowSystem) {
 
 }  // namespace
 }  // namespace quintline
+
+// One QApplication for the whole run, headless unless a platform is named.
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleTest(&argc, argv);
+    QApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}
