@@ -18,7 +18,6 @@
 namespace quintline {
 namespace {
 
-// The control of a window with the given name.
 template <class Control = QWidget>
 Control* in(const QWidget& window, const QString& name) {
     return window.findChild<Control*>(name);
@@ -36,7 +35,6 @@ void whenModal(const std::function<void(QWidget&)>& answer) {
     QTimer::singleShot(0, [answer] { answer(*QApplication::activeModalWidget()); });
 }
 
-// Counts the paint events a widget receives.
 struct PaintCounter : QObject {
     int paints = 0;
     bool eventFilter(QObject*, QEvent* event) override {
