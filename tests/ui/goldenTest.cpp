@@ -1,9 +1,7 @@
-// The windows and the board figures against their reviewed files in
-// tests/ui/golden; run with QUINTLINE_UPDATE_GOLDEN set to rewrite the files
-// instead, so that a change of design shows as their diff. Also every text a
-// control can show fitting its design rectangle in the window's font:
-// word-wrapped at the control's width for a label, on one line inside the
-// style's text area for a button, a radio button or a combo box.
+// The windows and the board figures against their reviewed files in tests/ui/golden
+// (QUINTLINE_UPDATE_GOLDEN set rewrites them: a change of design shows as their diff),
+// and every text a control can show fitting its design rectangle in the window's font:
+// word-wrapped for a label, on one line in the style's text area for any other control.
 
 #include <gtest/gtest.h>
 
