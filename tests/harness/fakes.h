@@ -10,35 +10,35 @@
 
 namespace quintline::testing {
 
+// The front of a script, taken off it, or `fallback` once the script has run out.
+template <typename T>
+T takeFront(std::deque<T>& script, T fallback) {
+    if (script.empty()) return fallback;
+    T value = script.front();
+    script.pop_front();
+    return value;
+}
+
 // Gives the scripted texts and readings in order, then "??:??:??" and 0.
 class ScriptedClock final : public Clock {
   public:
     ScriptedClock(std::deque<std::string> times, std::deque<float> readings)
         : times_(std::move(times)), readings_(std::move(readings)) {}
-    std::string timeOfDay() override { return take(times_, std::string("??:??:??")); }
-    float secondsSinceMidnight() override { return take(readings_, 0.0f); }
+    std::string timeOfDay() override { return takeFront(times_, std::string("??:??:??")); }
+    float secondsSinceMidnight() override { return takeFront(readings_, 0.0f); }
 
   private:
-    template <typename T>
-    static T take(std::deque<T>& queue, T fallback) {
-        if (queue.empty()) return fallback;
-        T value = queue.front();
-        queue.pop_front();
-        return value;
-    }
     std::deque<std::string> times_;
     std::deque<float> readings_;
 };
 
+// Gives the scripted numbers in order, then 0, counting every draw.
 class ScriptedUniform final : public UniformSource {
   public:
     explicit ScriptedUniform(std::deque<double> values) : values_(std::move(values)) {}
     double next() override {
         ++drawn_;
-        if (values_.empty()) return 0.0;
-        const double v = values_.front();
-        values_.pop_front();
-        return v;
+        return takeFront(values_, 0.0);
     }
     int drawn() const { return drawn_; }
 

@@ -1,6 +1,4 @@
-// The report's stretches under a file-size limit that falls inside each in
-// turn: the file keeps the whole stretches before it and nothing of the one cut
-// short.
+// A report written under a file-size limit: each stretch is appended whole or not at all.
 
 #include <sys/resource.h>
 #include <sys/wait.h>

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-#include <string>
+#include <vector>
 
 #include "game/seatedSearch.h"
+#include "support/gameRecords.h"
 
 namespace quintline {
 namespace {
@@ -41,6 +41,7 @@ TEST(Evaluators, WorkedExamples) {
         {{0, 0, 1}, {0, 0, 0, 1}, 11, 0, -1082367, -1081742},
         {{0, 0, 0, 1, 1}, {0, 0, 2}, 10, 0, 10745918, 10745293},
         {{0, 0, 0, 1, 1}, {0, 0, 2}, 11, 3, 10745918, 10745293},
+        {{0, 0, 2}, {0, 0, 0, 1, 1}, 11, 0, -10745918, -10745293},
         {{0, 0, 0, 0, 1}, {0, 0, 0, 0, 1}, 4, 0, -10742418, -10742418},
         {{0, 0, 0, 0, 1}, {0, 0, 0, 0, 1}, 9, 2, -10742418, -10742418},
         {{0, 0, 0, 0, 1}, {0, 0, 0, 9}, 10, 0, 10736793, 10742418},
@@ -50,17 +51,10 @@ TEST(Evaluators, WorkedExamples) {
         EXPECT_EQ(evalA(p, c.stepNum, c.depth), c.a) << c.stepNum << " " << c.depth;
         EXPECT_EQ(evalB(p, c.stepNum, c.depth), c.b_) << c.stepNum << " " << c.depth;
     }
-    // Without fives of both colours the two colours are treated alike.
-    const Position p = withCensus({7, 3, 2, 1}, {5, 4, 1, 2}),
-                   q = withCensus({5, 4, 1, 2}, {7, 3, 2, 1});
-    for (std::int16_t depth = 0; depth <= 1; ++depth) {
-        EXPECT_EQ(evalA(p, 10, depth), -evalA(q, 11, depth));
-        EXPECT_EQ(evalB(p, 10, depth), -evalB(q, 11, depth));
-    }
 }
 
 struct Example {
-    const char* stones;  // black points, then after '/' white points, as x,y
+    testing::GameRecord game;
     PlayerKind kind;
     std::int16_t depth;
     Score own, model;  // model 0 for the plain kinds
@@ -68,20 +62,19 @@ struct Example {
 };
 
 TEST(Searches, WorkedExamples) {
-    const char* lone = "8,8 /";
-    const char* three = "8,8 7,6 / 9,8";
-    const char* blackThree = "5,5 6,5 7,5 / 5,6 6,6 12,12";
-    const char* blackFour = "5,5 6,5 7,5 8,5 / 5,6 6,6 7,6 12,12";
-    const char* blackFourWhiteMoves = "5,5 6,5 7,5 8,5 / 5,6 6,6 7,6";
-    const char* whiteFour = "5,6 6,6 7,6 12,12 1,1 / 5,5 6,5 7,5 8,5";
+    using Moves = std::vector<Point>;  // black first, colours alternate
+    const Moves lone{{8, 8}}, three{{8, 8}, {9, 8}, {7, 6}},
+        blackThree{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {12, 12}},
+        blackFourWhiteMoves{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {7, 6}, {8, 5}},
+        whiteFour{{5, 6}, {5, 5}, {6, 6}, {6, 5}, {7, 6}, {7, 5}, {12, 12}, {8, 5}, {1, 1}};
+    Moves blackFour = blackFourWhiteMoves;
+    blackFour.push_back({12, 12});
     const Example examples[] = {
         // The empty board has no candidate: nothing is chosen.
-        {"/", computerA, 2, -2147483647, 0, {0, 0}},
+        {Moves{}, computerA, 2, -2147483647, 0, {0, 0}},
         // Equal values: the plain searches take the last, the others keep the first.
         {lone, computerA, 1, 0, 0, {9, 9}},
-        {lone, computerB, 1, 0, 0, {9, 9}},
         {lone, aKnowsB, 1, 0, 0, {7, 7}},
-        {lone, bKnowsA, 1, 0, 0, {7, 7}},
         // The model score is the other computer's plain value.
         {three, aKnowsB, 2, 145, 75, {9, 9}},
         {three, bKnowsA, 2, 75, 160, {9, 9}},
@@ -105,23 +98,10 @@ TEST(Searches, WorkedExamples) {
         {blackFourWhiteMoves, computerA, 2, 10745913, 0, {4, 5}},
     };
     for (const Example& e : examples) {
-        SearchState s;
-        std::istringstream in(e.stones);
-        Side side = black;
-        for (std::string point; in >> point;) {
-            if (point == "/") {
-                side = white;
-                continue;
-            }
-            ++s.stepNum;
-            placeStone(s.position, static_cast<std::int16_t>(std::stoi(point)),
-                       static_cast<std::int16_t>(std::stoi(point.substr(point.find(',') + 1))),
-                       side);
-        }
+        SearchState s = testing::positionAfter(e.game, e.game.moves.size());
         seatSides(s, e.kind);
         const std::int16_t step = s.stepNum;
-        SCOPED_TRACE(::testing::Message()
-                     << e.stones << " kind " << e.kind << " depth " << e.depth);
+        SCOPED_TRACE(::testing::Message() << "example " << &e - examples);
         EXPECT_EQ(SearchSet{}.run(e.kind, s, e.depth), (nodeScores{0, e.own, e.model}));
         EXPECT_EQ((Point{s.bestX[step], s.bestY[step]}), e.chosen);
     }

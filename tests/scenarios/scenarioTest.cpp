@@ -9,42 +9,46 @@
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
+#include <iomanip>
 #include <map>
 #include <optional>
-#include <regex>
+
+#include <sys/stat.h>
 
 #include "boardfile/boardFile.h"
+#include "boardfile/numberForm.h"
 #include "game/settings.h"
 #include "game/suggestionDepth.h"
 #include "harness/fakes.h"
 #include "harness/reportLock.h"
 #include "harness/testSuite.h"
 #include "harness/tournament.h"
+#include "players/searchSet.h"
 #include "support/recordingToolkit.h"
 #include "support/scratchDirectory.h"
-#include "support/scriptedSearches.h"
 
 namespace quintline::testing {
 namespace {
 
+namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-// Blank-separated words; double quotes keep blanks in a word ("" is an empty word).
+// Blank-separated words; a word that opens with a double quote runs to the next one.
 Words split(const std::string& line) {
     Words words;
-    bool inWord = false, quoted = false;
-    for (const char ch : line) {
-        if (ch == ' ' && !quoted) {
-            inWord = false;
-            continue;
-        }
-        if (!inWord) words.emplace_back(), inWord = true;
-        if (ch == '"')
-            quoted = !quoted;
-        else
-            words.back() += ch;
-    }
+    std::istringstream in(line);
+    for (std::string word; in >> std::quoted(word);) words.push_back(word);
     return words;
+}
+
+// The pieces of `text` between the separators.
+Words pieces(const std::string& text, const std::string& separator) {
+    Words out;
+    for (std::size_t from = 0, to = 0; from < text.size(); from = to + separator.size()) {
+        to = std::min(text.find(separator, from), text.size());
+        out.push_back(text.substr(from, to - from));
+    }
+    return out;
 }
 
 Point point(const std::string& text) {  // "x,y"
@@ -55,6 +59,38 @@ Point point(const std::string& text) {  // "x,y"
 
 std::string text(Point p) {
     return std::to_string(p.x) + "," + std::to_string(p.y);
+}
+
+// Quick stand-ins for the four searches, so that whole games run in microseconds
+// with outcomes that can be worked out by hand. A builder stacks its stones from
+// the top of its own column (x 1 for black, x 2 for white) and has five with its
+// fifth stone there. A wanderer puts its stones on points whose x and y are
+// multiples of 3, x from 15 down, where they never make a line. Computer A and B
+// build at depth 3 and wander below; the kinds that know the other always build.
+// firstEmpty: the first empty point on the columns firstX, firstX + stepX, ... whose y is a
+// multiple of stepY; failing that the board's first empty point, if any.
+Point firstEmpty(const SearchState& s, int firstX, int stepX, int stepY) {
+    for (int x = firstX; x >= 1 && x <= boardSize; x += stepX)
+        for (int y = stepY; y <= boardSize; y += stepY)
+            if (s.position.board[x][y] == empty) return {std::int16_t(x), std::int16_t(y)};
+    return stepX == 1 ? Point{} : firstEmpty(s, 1, 1, 1);
+}
+
+void choose(SearchState& s, std::int16_t step, bool build) {
+    const int column = sideToMove(std::int16_t(step + 1)) == black ? 1 : 2;
+    const Point p = build ? firstEmpty(s, column, boardSize, 1) : firstEmpty(s, 15, -3, 3);
+    s.bestX[step] = p.x;
+    s.bestY[step] = p.y;
+}
+
+Score scriptedPlain(SearchState& s, std::int16_t step, std::int16_t depth) {
+    choose(s, step, depth >= 3);
+    return 0;
+}
+
+nodeScores scriptedKnowing(SearchState& s, std::int16_t step, std::int16_t) {
+    choose(s, step, true);
+    return {};
 }
 
 // Searches that choose a fixed point and score, moving stepNum as real searches do.
@@ -72,7 +108,7 @@ nodeScores fixedModel(SearchState& s, std::int16_t step, std::int16_t depth) {
 
 const std::map<std::string, SearchSet> searchSets{
     {"real", {}},
-    {"scripted", scriptedSearches()},
+    {"scripted", {&scriptedPlain, &scriptedPlain, &scriptedKnowing, &scriptedKnowing}},
     // A at the win score, B on the centre stone, A-knows-B at minus the win score,
     // B-knows-A off the board.
     {"fixed",
@@ -97,6 +133,16 @@ std::vector<Point> fullBoard() {
     return order;
 }
 
+// The steps that press a button or choose a menu entry.
+const std::map<std::string, void (Game::*)()> buttons{{"new", &Game::newGame},
+                                                      {"back", &Game::cmdBackClick},
+                                                      {"forward", &Game::cmdForwClick},
+                                                      {"back-end", &Game::backwardEndClick},
+                                                      {"forward-end", &Game::cmdForwardEndClick},
+                                                      {"suggest", &Game::toggleSuggestion},
+                                                      {"show-suggestion", &Game::showSuggestion},
+                                                      {"computer-game", &Game::computerGame}};
+
 class Runner {
   public:
     std::string run(std::istream& in) {
@@ -104,10 +150,8 @@ class Runner {
         while (std::getline(in, line)) {
             if (line.starts_with("  ")) continue;  // what the steps wrote last time
             std::string steps;
-            for (std::size_t from = 0, to = 0; from < line.size() && line[0] != '#';
-                 from = to + 3) {
-                to = std::min(line.find(" ; ", from), line.size());
-                steps += (from ? " ; " : "") + step(line.substr(from, to - from));
+            for (const std::string& piece : line[0] == '#' ? Words{} : pieces(line, " ; ")) {
+                steps += (steps.empty() ? "" : " ; ") + step(piece);
                 flush();
             }
             all += (line.empty() || line[0] == '#' ? line : steps) + "\n";
@@ -123,12 +167,13 @@ class Runner {
     // Moves the requests recorded so far to the output, less those hidden.
     void flush() {
         for (const std::string& l : toolkit_.lines) {
-            if (std::none_of(hide_.begin(), hide_.end(), [&](auto& p) { return l.starts_with(p); }))
+            if (std::none_of(hide_.begin(), hide_.end(),
+                             [&](auto& p) { return p == "*" || l.starts_with(p); }))
                 out_.push_back(l);
             const Words c = split(l);  // the last caption of each control, for `shown`
             if (c[0] == "caption") captions_[c.at(1)] = l.substr(9 + c[1].size());
         }
-        toolkit_.forget();
+        toolkit_.lines.clear();
     }
     void print(const std::string& l) {
         flush();
@@ -146,7 +191,7 @@ class Runner {
             {"cellSize", &GameState::cellSize},     {"suggestion", &GameState::suggestionOn},
             {"blackSide", &GameState::blackSide},   {"whiteSide", &GameState::whiteSide}};
         if (name == "path") {
-            if (value) s().boardFilePath = *value;
+            if (value) s().boardFilePath = value->substr(1, value->size() - 2);  // "quoted"
             return '"' + s().boardFilePath + '"';
         }
         const auto index = [&](std::size_t prefix) { return std::stoul(name.substr(prefix)); };
@@ -180,13 +225,13 @@ class Runner {
             game_->startSession();
             s().userColour = w.size() > 2 ? black : white;
             game_->newGame();
-            toolkit_.forget();
+            toolkit_.lines.clear();
         } else if (c == "start") {  // start [<board width> <depth box 0> <depth box 1>]
             if (w.size() > 3) toolkit_.width = std::stod(w[1]);
             if (w.size() > 3) toolkit_.depthTexts[0] = w[2], toolkit_.depthTexts[1] = w[3];
             game_->startSession();
-        } else if (c == "new") {
-            game_->newGame();
+        } else if (buttons.contains(c)) {
+            ((*game_).*buttons.at(c))();
         } else if (c == "set" || c == "state") {
             line = c;
             for (std::size_t i = 1; i < w.size(); ++i) {
@@ -202,24 +247,13 @@ class Runner {
                 order.push_back(point(w[i]));
             for (const Point p : order)
                 game_->Putchess(p.x, p.y, sideToMove(std::int16_t(s().stepNum + 1)));
-            toolkit_.forget();
+            toolkit_.lines.clear();
         } else if (c == "click") {  // click x,y ...: the middle of each cell
             for (std::size_t i = 1; i < w.size(); ++i)
                 game_->boardMouseDown((float(point(w[i]).x) - 0.5f) * float(s().cellSize),
                                       (float(point(w[i]).y) - 0.5f) * float(s().cellSize));
         } else if (c == "mouse") {  // mouse X Y: in twips
             game_->boardMouseDown(std::stof(w.at(1)), std::stof(w.at(2)));
-        } else if (c == "back" || c == "forward" || c == "back-end" || c == "forward-end") {
-            void (Game::*const buttons[])() = {&Game::cmdBackClick, &Game::cmdForwClick,
-                                               &Game::backwardEndClick, &Game::cmdForwardEndClick};
-            const Words names{"back", "forward", "back-end", "forward-end"};
-            ((*game_).*buttons[std::find(names.begin(), names.end(), c) - names.begin()])();
-        } else if (c == "suggest") {
-            game_->toggleSuggestion();
-        } else if (c == "show-suggestion") {
-            game_->showSuggestion();
-        } else if (c == "computer-game") {
-            game_->computerGame();
         } else if (c == "move") {  // move <player kind>
             game_->computerMove(arg(1));
         } else if (c == "settings") {  // settings <black> <white> <box 0> <box 1> [<option>]
@@ -227,20 +261,22 @@ class Runner {
             const auto option = std::find(options.begin(), options.end(), w.size() > 5 ? w[5] : "");
             const SettingsValues v{
                 w.at(1), w.at(2), {w.at(3), w.at(4)}, Situation(option - options.begin())};
-            if (!acceptSettings(*game_, v, [&] { print("closed at " + field("stepNum", {})); }))
-                print("refused");
+            const auto close = [&] { toolkit_.add("closed at ", s().stepNum); };
+            if (!acceptSettings(*game_, v, close)) print("refused");
         } else if (c == "fill") {
             SettingsValues v{"-", "-", {"", ""}, Situation::aModelsB};
             fillSettings(*game_, v);
             print("rows " + v.blackRow + " / " + v.whiteRow + ", option " +
                   std::to_string(int(v.situation)) + ", boxes \"" + v.depthBox[0] + "\"");
-        } else if (c == "depths") {  // what each text gives as a depth, "-" for none
-            std::string out = "gives";
+        } else if (c == "depths" || c == "numbers") {  // each word as a depth ("-" for none)
+            std::string out;  // or as written to a file, a float when it has a point
             for (std::size_t i = 1; i < w.size(); ++i) {
                 const auto depth = depthFromText(w[i]);
-                out += " " + (depth ? std::to_string(*depth) : "-");
+                out += c == "depths" ? " " + (depth ? std::to_string(*depth) : "-")
+                       : w[i].find('.') == std::string::npos ? numberForm(std::stoi(w[i]))
+                                                             : numberForm(std::stof(w[i]));
             }
-            print(out);
+            print("\"" + out + "\"");
         } else if (c == "suggestion-depths") {  // stone count: depth, where it changes
             std::string out = "from";
             for (int n = 0; n <= maxStones; ++n) {
@@ -249,37 +285,27 @@ class Runner {
                     out += " " + std::to_string(n) + ":" + std::to_string(d);
             }
             print(out);
-        } else if (c == "answer") {  // answer cancel: for the next message box
-            toolkit_.answers.push_back(MessageAnswer::cancel);
+        } else if (c == "cancel") {  // the next message box is answered Cancel
+            ++toolkit_.cancels;
         } else if (c == "save" || c == "read") {
             s().boardFilePath = w.at(1);
             c == "save" ? saveBoardFile(*game_) : readBoardFile(*game_);
-        } else if (c == "write") {  // write <file> <text>: \r, \n and \q for CR, LF and "
-            std::string bytes = w.at(2);
-            for (const auto& [from, to] : {std::pair("\\r", "\r"), {"\\n", "\n"}, {"\\q", "\""}})
-                for (std::size_t at; (at = bytes.find(from)) != std::string::npos;)
-                    bytes.replace(at, 2, to);
-            writeBytes(w[1], bytes);
-        } else if (c == "mkdir" || c == "remove") {
-            c == "mkdir" ? std::filesystem::create_directory(w.at(1))
-                         : std::filesystem::remove(w.at(1));
+        } else if (c == "sh") {          // sh <command>: run by the shell; what it prints is output
+            ::setenv("LC_ALL", "C", 1);  // messages, quotes and sorting as written here
+            FILE* const out = ::popen(line.substr(3).c_str(), "r");
+            for (char l[512]; std::fgets(l, sizeof l, out);)
+                print(std::string(l, std::strcspn(l, "\n")));
+            ::pclose(out);
+        } else if (c == "umask") {  // umask <octal>: for the files this process creates
+            ::umask(mode_t(std::stoul(w.at(1), nullptr, 8)));
         } else if (c == "lock") {  // lock <report>: as another run holds it; unlock ends that
             otherRun_.emplace();
             line += otherRun_->tryTake(w.at(1)) == ReportLock::Outcome::taken ? "" : " (busy)";
         } else if (c == "unlock") {
             otherRun_.reset();
-        } else if (c == "cat") {  // cat <file> [masked]: its lines, which must end in CR LF
-            std::istringstream bytes(readBytes(w.at(1)));
-            if (!std::filesystem::exists(w[1])) print("(no such file)");
-            for (std::string l; std::getline(bytes, l);) {
-                if (w.size() > 2) l = std::regex_replace(l, std::regex("[0-9][0-9.]*"), "#");
-                print(l.ends_with('\r') ? "|" + l.substr(0, l.size() - 1) : "|" + l + " <no CR>");
-            }
-        } else if (c == "same") {  // same <snapshot>: the position's tables; same <file> <file>
-            const bool same = w.size() > 2 ? readBytes(w[1]) == readBytes(w[2])
-                                           : std::memcmp(&snapshots_.at(w.at(1)), &s().position,
-                                                         sizeof(Position)) == 0;
-            line += same ? "" : " (differs)";
+        } else if (c == "same") {  // same <snapshot>: the position's tables as they were
+            const Position& then = snapshots_.at(w.at(1));
+            line += std::memcmp(&then, &s().position, sizeof(Position)) == 0 ? "" : " (differs)";
         } else if (c == "snap") {
             snapshots_[w.at(1)] = s().position;
         } else if (c == "uniform") {  // the numbers the openings are drawn from
@@ -294,22 +320,16 @@ class Runner {
             clock_ = ScriptedClock(times, readings);
         } else if (c == "tournament") {  // tournament <cycles> [menu]
             s().cycleCount = arg(1);
-            if (w.size() > 2) {
-                runTournament(*game_);
-            } else {
-                runTournament(*game_, uniform_, clock_, "result.txt");
-                print("numbers drawn " + std::to_string(uniform_.drawn()));
-            }
+            w.size() > 2 ? runTournament(*game_)
+                         : runTournament(*game_, uniform_, clock_, "result.txt");
+            if (w.size() == 2) print("numbers drawn " + std::to_string(uniform_.drawn()));
         } else if (c == "suite") {  // suite <list> | suite menu
             w.at(1) == "menu" ? runTestSuite(*game_)
                               : runTestSuite(*game_, clock_, w[1], "result.txt");
         } else if (c == "shown") {  // the last caption of each control named
             for (std::size_t i = 1; i < w.size(); ++i) print(w[i] + "=" + captions_[w[i]]);
         } else if (c == "hide") {  // hide <prefix>, ...: requests left out from here on; * all
-            hide_.clear();
-            std::istringstream list(line.substr(4));
-            for (std::string prefix; std::getline(list >> std::ws, prefix, ',');)
-                hide_.push_back(prefix == "*" ? "" : prefix);
+            hide_ = line.size() > 5 ? pieces(line.substr(5), ", ") : Words{};
         } else {
             ADD_FAILURE() << "unknown step: " << line;
         }
@@ -326,11 +346,11 @@ class Runner {
     ScriptedClock clock_{{}, {}};
 };
 
-const std::filesystem::path scenarioDir = QUINTLINE_SCENARIO_DIR;
+const fs::path scenarioDir = QUINTLINE_SCENARIO_DIR;
 
 std::vector<std::string> scenarioNames() {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(scenarioDir))
+    for (const auto& entry : fs::directory_iterator(scenarioDir))
         if (entry.path().extension() == ".txt") names.push_back(entry.path().stem().string());
     std::sort(names.begin(), names.end());
     return names;
@@ -339,7 +359,7 @@ std::vector<std::string> scenarioNames() {
 class Scenario : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(Scenario, ReplaysAsWritten) {
-    const std::filesystem::path file = scenarioDir / (GetParam() + ".txt");
+    const fs::path file = scenarioDir / (GetParam() + ".txt");
     const std::string expected = readBytes(file);
     std::istringstream in(expected);
     std::string actual;

@@ -26,9 +26,9 @@ inline std::string gameRecordsPath() {
 // Every game of the file, one a line, its moves such as "H8": column letter A..O
 // from the left, row 1..15 from the bottom; a word from "#" on ends the line.
 // An unreadable file gives an empty list.
-inline std::vector<GameRecord> loadGameRecords(const std::string& path = gameRecordsPath()) {
+inline std::vector<GameRecord> loadGameRecords() {
     std::vector<GameRecord> games;
-    std::ifstream in(path);
+    std::ifstream in(gameRecordsPath());
     for (std::string line; std::getline(in, line);) {
         std::istringstream words(line);
         GameRecord game;

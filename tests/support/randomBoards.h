@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <random>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "players/searchState.h"
@@ -37,36 +39,63 @@ inline Samples randomPositions(int count, std::uint32_t seed, int most, int box,
     return samples;
 }
 
-// 20 to 119 stones anywhere, a fifth to four fifths of them black: the side
-// with more lines can be far ahead while the other holds fours.
-inline SearchState lopsided(std::uint32_t seed) {
-    std::mt19937 rng(seed);
+// A board from its stones, "a5 f8 ...": column letter, row number; with
+// `swapped` every stone changes colour and the other side moves.
+inline SearchState fromStones(const std::string& blacks, const std::string& whites, bool swapped) {
     SearchState s;
-    const int stones = 20 + static_cast<int>(rng() % 100);
-    const unsigned blackShare = 20 + rng() % 60;  // percent
-    for (int n = 0; n < stones; ++n) {
-        std::int16_t x, y;
-        do {
-            x = pick(rng, 1, 15);
-            y = pick(rng, 1, 15);
-        } while (s.position.board[x][y] != empty);
-        placeStone(s.position, x, y, rng() % 100 < blackShare ? black : white);
+    for (const auto& [stones, side] : {std::pair(blacks, black), {whites, white}}) {
+        std::istringstream points(stones);
+        for (std::string p; points >> p; ++s.stepNum)
+            placeStone(s.position, static_cast<std::int16_t>(p[0] - 'a' + 1),
+                       static_cast<std::int16_t>(std::stoi(p.substr(1))),
+                       swapped ? static_cast<Side>(-side) : side);
     }
-    s.stepNum = static_cast<std::int16_t>(stones + rng() % 2);
+    s.stepNum = static_cast<std::int16_t>(s.stepNum / 2 * 2 + (swapped ? 1 : 0));
     return s;
 }
 
-// Lopsided boards with a leaf two plies down scoring exactly sureScore or
-// winScore, for either colour and either evaluator; then boards where a side
-// that is to lose to a five has fives of several values against it, one of
-// them exactly winScore; last, boards where the root's mover has a child
-// scoring exactly its stop threshold.
+// Lopsided boards: 20 to 119 stones anywhere, a fifth to four fifths of them
+// black, so the side with more lines can be far ahead while the other holds
+// fours. These seeds give boards with a leaf two plies down scoring exactly
+// sureScore or winScore, for either colour and either evaluator; then boards
+// where a side that is to lose to a five has fives of several values against
+// it, one of them exactly winScore; last, boards where the root's mover has a
+// child scoring exactly its stop threshold. Then, for each knowing kind and
+// either colour, a root whose mover, holding no four, meets a child whose model
+// score is exactly sureScore before a better one.
 inline Samples onThresholds() {
     const std::uint32_t seeds[] = {12,   62,   144,    175,     189,     363,     398,    436, 573,
                                    744,  810,  970,    1120,    1216,    1503,    1802,   102, 190,
                                    1544, 9625, 278101, 3010215, 3127819, 3207719, 3309925};
     Samples samples;
-    for (std::uint32_t seed : seeds) samples.push_back(lopsided(seed));
+    for (std::uint32_t seed : seeds) {
+        std::mt19937 rng(seed);
+        SearchState& s = samples.emplace_back();
+        const int stones = 20 + static_cast<int>(rng() % 100);
+        const unsigned blackShare = 20 + rng() % 60;  // percent
+        for (int n = 0; n < stones; ++n) {
+            std::int16_t x, y;
+            do {
+                x = pick(rng, 1, 15);
+                y = pick(rng, 1, 15);
+            } while (s.position.board[x][y] != empty);
+            placeStone(s.position, x, y, rng() % 100 < blackShare ? black : white);
+        }
+        s.stepNum = static_cast<std::int16_t>(stones + rng() % 2);
+    }
+    const char* const handBuilt[][2] = {
+        // black stones, white stones
+        {"a5 f8 f11 g8 h8 o1",
+         "a2 a3 a7 a11 b1 b2 b5 b6 b8 b11 b12 b13 c3 c13 c15 d1 d2 d4 d11 f1 f2 f3 f14 g5 h2 h4 "
+         "h12 h13 i1 i13 k2 k4 k5 k11 k14 k15 l5 l11 l13 m7 m10 m12 m14 m15 n2 n3 n4 n8 n12 n14 "
+         "o2 o11 o13 o15"},
+        {"c4 c5 d15 f8 g4 g8 h8 m4 n14",
+         "a2 a7 a8 b4 b6 b8 b10 b11 b13 c1 c2 c3 d1 d5 d11 e12 f4 f11 f13 f14 g2 g3 g15 h1 h2 h3 "
+         "h11 i11 i14 i15 j3 j13 j14 j15 k11 l5 m1 m9 m12 m15 n1 n2 n5 n6 n7 n12 o1 o4 o5 o8 o11 "
+         "o12 o15"}};
+    for (const bool swapped : {false, true})
+        for (const auto& [blacks, whites] : handBuilt)
+            samples.push_back(fromStones(blacks, whites, swapped));
     return samples;
 }
 

@@ -1,11 +1,8 @@
 #pragma once
-// A toolkit for tests: it records every request the game makes as a line of
-// text ("caption whoRun Computer A is running", "enabled cmdBack off", "stone 8,8 1 -1",
-// "plain 8,8 1", "erase 9,8", "frames 13 7,7..9,9", "mark 15,3", "message <text>",
-// "ask <text>" for OK/Cancel, "clear List2", "grid", "repaint"), answers message
-// boxes from a queue and supplies the design values start-up reads.
+// A toolkit for tests: it records every request the game makes as one line of
+// text, the request's name and then its values ("stone 8,8 1 -1"), answers
+// message boxes from a queue and supplies the design values start-up reads.
 
-#include <deque>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -18,8 +15,7 @@ namespace quintline::testing {
 class RecordingToolkit final : public Toolkit {
   public:
     std::vector<std::string> lines;
-    std::deque<MessageAnswer> answers;  // for the coming message boxes; OK when empty
-    std::string caption{design::mainCaption};
+    int cancels = 0;  // the coming message boxes answered Cancel; the rest OK
     double width = design::boardWidth;
     std::string depthTexts[2] = {std::string(design::depthBoxText),
                                  std::string(design::depthBoxText)};
@@ -34,10 +30,9 @@ class RecordingToolkit final : public Toolkit {
     void repaint() override { add("repaint"); }
     MessageAnswer messageBox(std::string_view text, MessageButtons buttons) override {
         add(buttons == MessageButtons::ok ? "message " : "ask ", text);
-        if (answers.empty()) return MessageAnswer::ok;
-        const MessageAnswer answer = answers.front();
-        answers.pop_front();
-        return answer;
+        if (cancels == 0) return MessageAnswer::ok;
+        --cancels;
+        return MessageAnswer::cancel;
     }
     void drawClearAndGrid() override { add("grid"); }
     void drawStoneAndRing(Point p, Side colour, Side user) override {
@@ -51,21 +46,21 @@ class RecordingToolkit final : public Toolkit {
     }
     void drawSuggestionMark(Point p) override { add("mark ", p); }
 
-    std::string designCaption() override { return caption; }
+    std::string designCaption() override { return std::string(design::mainCaption); }
     double boardWidth() override { return width; }
     std::string depthBoxText(int index) override { return depthTexts[index]; }
 
-    void forget() { lines.clear(); }
-
-  private:
-    static void put(std::ostream& out, const auto& part) { out << part; }
-    static void put(std::ostream& out, Control control) { out << controlName(control); }
-    static void put(std::ostream& out, Point p) { out << p.x << ',' << p.y; }
+    // One line of the parts; the runner records its own events this way too.
     void add(const auto&... parts) {
         std::ostringstream out;
         (put(out, parts), ...);
         lines.push_back(out.str());
     }
+
+  private:
+    static void put(std::ostream& out, const auto& part) { out << part; }
+    static void put(std::ostream& out, Control control) { out << controlName(control); }
+    static void put(std::ostream& out, Point p) { out << p.x << ',' << p.y; }
 };
 
 }  // namespace quintline::testing

@@ -18,25 +18,23 @@ std::string dword(std::uint32_t v) {
 // A string's one terminating zero, cut or absent, is seen through StartSysInfo below.
 TEST(GetKeyValue, ReadsStringsAndNumbersAsOfOldAndAlwaysClosesTheKey) {
     const struct {
-        RegKey root;
-        std::string key, name;
         std::uint32_t type;
         std::string stored, text;
         bool read;
+        std::string key = "K", name = "v";  // where it is looked for; it is stored at K, v
+        RegKey root = hklm;
     } rows[] = {
-        {hklm, "K", "v", regString, std::string("ab\0\0", 4), std::string("ab\0", 3), true},
-        {hklm, "K", "v", regString, "", "", true},
-        {hklm, "K", "v", regNumber, dword(0x12345678), "305419896", true},
-        {hklm, "K", "v", regNumber, dword(0xFFFFFFFF), "-1", true},    // read as a signed number
-        {hklm, "K", "v", regNumber, dword(1), "1", true},              // the high zero byte goes
-        {hklm, "K", "v", regNumber, dword(0x01020304), "4660", true},  // one digit a byte: &h1234
-        {hklm, "K", "v", regNumber, dword(0x0100), "16", true},        // 00 01 00 reads as &h010
-        {hklm, "K", "v", 3, "\x01\x02", "old", true},  // other types leave the value alone
-        {hklm, "Missing", "v", regString, "x", "", false},
-        {hklm, "K", "missing", regString, "x", "", false},
-        {0x80000001, "K", "v", regString, "x", "", false},
-        {hklm, "K", "v", regString, std::string(1025, 'x'), "",
-         false},  // over the 1024-byte buffer
+        {regString, std::string("ab\0\0", 4), std::string("ab\0", 3), true},
+        {regString, "", "", true},
+        {regNumber, dword(0x12345678), "305419896", true},
+        {regNumber, dword(0xFFFFFFFF), "-1", true},    // read as a signed number
+        {regNumber, dword(0x01020304), "4660", true},  // one digit a byte: &h1234
+        {regNumber, dword(0x0100), "16", true},        // 00 01 00 reads as &h010
+        {3, "\x01\x02", "old", true},                  // other types leave the value alone
+        {regString, "x", "", false, "Missing"},
+        {regString, "x", "", false, "K", "missing"},
+        {regString, "x", "", false, "K", "v", 0x80000001},
+        {regString, std::string(1025, 'x'), "", false},  // over the 1024-byte buffer
     };
     for (const auto& row : rows) {
         MemoryRegistry store;
