@@ -1,7 +1,6 @@
-// The retrace of the opponent-model search's last line of play at a modeller's
-// node, with the scores below it scripted: the line goes on into the first
-// candidate whose own score meets the stop threshold, a score exactly on it
-// included, as the literal procedure's stop rule has it.
+// The opponent-model search's last line of play at a modeller's node goes on
+// into the first candidate whose own score meets the stop threshold, exactly on
+// it included, as the literal procedure's stop rule has it.
 
 #include <gtest/gtest.h>
 

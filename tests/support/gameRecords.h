@@ -19,16 +19,14 @@ struct GameRecord {
 
 // The folder is fixed when the build is configured (QUINTLINE_DATA_DIR), so a
 // test binary finds the games whatever directory it runs from.
-inline std::string gameRecordsPath() {
-    return QUINTLINE_DATA_DIR "/gomocup-freestyle15.txt";
-}
+inline constexpr const char* gameRecordsPath = QUINTLINE_DATA_DIR "/gomocup-freestyle15.txt";
 
 // Every game of the file, one a line, its moves such as "H8": column letter A..O
 // from the left, row 1..15 from the bottom; a word from "#" on ends the line.
 // An unreadable file gives an empty list.
 inline std::vector<GameRecord> loadGameRecords() {
     std::vector<GameRecord> games;
-    std::ifstream in(gameRecordsPath());
+    std::ifstream in(gameRecordsPath);
     for (std::string line; std::getline(in, line);) {
         std::istringstream words(line);
         GameRecord game;
