@@ -54,7 +54,7 @@ TEST(Evaluators, WorkedExamples) {
 }
 
 struct Example {
-    testing::GameRecord game;
+    std::vector<Point> moves;  // black first, colours alternate
     PlayerKind kind;
     std::int16_t depth;
     Score own, model;  // model 0 for the plain kinds
@@ -62,7 +62,7 @@ struct Example {
 };
 
 TEST(Searches, WorkedExamples) {
-    using Moves = std::vector<Point>;  // black first, colours alternate
+    using Moves = std::vector<Point>;
     const Moves lone{{8, 8}}, three{{8, 8}, {9, 8}, {7, 6}},
         blackThree{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {12, 12}},
         blackFourWhiteMoves{{5, 5}, {5, 6}, {6, 5}, {6, 6}, {7, 5}, {7, 6}, {8, 5}},
@@ -98,7 +98,7 @@ TEST(Searches, WorkedExamples) {
         {blackFourWhiteMoves, computerA, 2, 10745913, 0, {4, 5}},
     };
     for (const Example& e : examples) {
-        SearchState s = testing::positionAfter(e.game, e.game.moves.size());
+        SearchState s = testing::positionAfter({e.moves}, e.moves.size());
         seatSides(s, e.kind);
         const std::int16_t step = s.stepNum;
         SCOPED_TRACE(::testing::Message() << "example " << &e - examples);
