@@ -114,23 +114,16 @@ TEST(Commands, ExitCodesAndMessagesOfEachKindOfEnd) {
     writeBytes(d + "odd.txt", "4\r\n\"a\rb\"\r\n/dev/zero\r\n" + d + "small.txt\r\n\"sm");
     std::ifstream table(QUINTLINE_COMMAND_LINES);
     int rows = 0;
+    const std::regex rowForm(R"((\d+) *\| *(.*?) *\| *(.*?) *\| *(.*?) *)"), at("@"),
+        lineEnd(R"(\\n)");
     for (std::string row; std::getline(table, row);) {
         if (row.empty() || row[0] == '#') continue;
-        std::vector<std::string> field(1);  // status, arguments, stdout, stderr
-        for (std::size_t i = 0; i < row.size(); ++i)
-            if (row[i] == '|')
-                field.emplace_back();
-            else if (row[i] == '@')
-                field.back() += d;
-            else if (row.compare(i, 2, "\\n") == 0)
-                field.back() += '\n', ++i;
-            else
-                field.back() += row[i];
-        ASSERT_EQ(field.size(), 4u) << row;
-        for (std::string& f : field) {
-            f.erase(0, f.find_first_not_of(' '));
-            f.erase(f.find_last_not_of(' ') + 1);
-        }
+        std::smatch parts;
+        ASSERT_TRUE(std::regex_match(row, parts, rowForm)) << row;
+        std::vector<std::string> field;  // status, arguments, stdout, stderr
+        for (std::size_t i = 1; i <= 4; ++i)
+            field.push_back(
+                std::regex_replace(std::regex_replace(parts.str(i), at, d), lineEnd, "\n"));
         SCOPED_TRACE(row);
         ++rows;
         std::ostringstream printed, complained;
