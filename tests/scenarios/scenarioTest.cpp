@@ -60,12 +60,11 @@ std::string text(Point p) {
     return std::to_string(p.x) + "," + std::to_string(p.y);
 }
 
-// Quick stand-ins for the four searches, so that whole games run in microseconds
-// with outcomes that can be worked out by hand. A builder stacks its stones from
-// the top of its own column (x 1 for black, x 2 for white) and has five with its
-// fifth stone there. A wanderer puts its stones on points whose x and y are
-// multiples of 3, x from 15 down, where they never make a line. Computer A and B
-// build at depth 3 and wander below; the kinds that know the other always build.
+// Quick stand-ins for the four searches, so that whole games run in microseconds with outcomes that
+// can be worked out by hand. A builder stacks its stones from the top of its own column (x 1 for
+// black, x 2 for white) and has five with its fifth stone there. A wanderer puts its stones on
+// points whose x and y are multiples of 3, x from 15 down, where they never make a line. Computer A
+// and B build at depth 3 and wander below; the kinds that know the other always build.
 // firstEmpty: the first empty point on the columns firstX, firstX + stepX, ... whose y is a
 // multiple of stepY; failing that the board's first empty point, if any.
 Point firstEmpty(const SearchState& s, int firstX, int stepX, int stepY) {

@@ -1,6 +1,5 @@
-// The batch commands in-process: reports equal to the library's runs whatever
-// the number of threads, exit codes and messages, runs cut short, and the
-// records of every game.
+// The batch commands in-process: reports equal to the library's runs whatever the number of
+// threads, exit codes and messages, runs cut short, and the records of every game.
 
 #include <gtest/gtest.h>
 
@@ -51,9 +50,8 @@ int runLine(const std::string& line, const std::string& d, std::ostream& out, st
                           {line[0] == '>' ? full : out, err, progress});
 }
 
-// An SPRT-stopped run on two threads (one thread: the resumed runs of the
-// program's script): the report the library writes for the cycles played,
-// and the same figures beside it.
+// An SPRT-stopped run on two threads (one thread: the resumed runs of the program's script): the
+// report the library writes for the cycles played, and the same figures beside it.
 TEST(BatchRun, AnSprtStoppedRunWritesTheLibraryRunsReportAndAgreeingFigures) {
     ScratchDirectory dir;
     const std::string d = dir.path().string() + "/";

@@ -81,9 +81,8 @@ TEST(Statistics, FiguresWorkedOutByHand) {
     EXPECT_LT(wilsonInterval(5, 10, 2.576)->low, 0.2366);
 }
 
-// Four cycles of 14 games, all drawn but pairings 1 and 2, whose results by
-// cycle are given: A wins both (a pair of 1), draws both (1/2), wins one (1/2),
-// loses both (0).
+// Four cycles of 14 games, all drawn but pairings 1 and 2, whose results by cycle are given: A wins
+// both (a pair of 1), draws both (1/2), wins one (1/2), loses both (0).
 RunTally fourCycles() {
     const GameCode first[] = {blackWon, gameDrawn, whiteWon, whiteWon};
     const GameCode second[] = {whiteWon, gameDrawn, whiteWon, blackWon};
