@@ -360,11 +360,8 @@ TEST_P(Scenario, ReplaysAsWritten) {
     const fs::path file = scenarioDir / (GetParam() + ".txt");
     const std::string expected = readBytes(file);
     std::istringstream in(expected);
-    std::string actual;
-    {
-        ScratchDirectory dir(true);  // the files the steps name live here
-        actual = Runner().run(in);
-    }
+    const ScratchDirectory dir(true);  // the files the steps name live here
+    const std::string actual = Runner().run(in);
     if (std::getenv("QUINTLINE_UPDATE_SCENARIOS")) writeBytes(file, actual);
     EXPECT_EQ(expected, actual);
 }
