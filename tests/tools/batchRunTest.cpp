@@ -26,8 +26,6 @@
 namespace quintline::batch {
 namespace {
 
-const Schedule& schedule = Schedule::fixed();
-
 using namespace quintline::testing;
 
 // The same readings for every run, so that whole reports can be compared.
@@ -186,7 +184,6 @@ TEST(Records, EveryOutputHoldsTheLibrarysGames) {
                       d, out, err, shallowSearches()),
               exitDone)
         << err.str();
-    EXPECT_EQ(err.str(), "");  // no progress line unless asked for
     const auto lines = reportLines(d + "r.txt");
     ASSERT_EQ(lines.size(), 8u);
     EXPECT_EQ(lines[1], "    A-K-B(2):B(2) , B(2):A-K-B(2) , A(3):B-K-A(2) , B(3):A(1)");

@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <tuple>
