@@ -5,7 +5,6 @@
 #include <map>
 #include <sstream>
 #include <string>
-#include <tuple>
 
 #include "harness/opening.h"
 #include "harness/scheduleFile.h"

@@ -134,9 +134,6 @@ TEST(GameEnd, FivesOfTheMoverFromTheNinthStoneAndDraws) {
     fill(open, [](int, int y) { return y > 10; });
     EXPECT_EQ(gameEndTest(open, 224, 1, 10, black), gameOpen);
     EXPECT_EQ(gameEndTest(open, 225, 1, 10, black), gameDrawn);
-
-    for (auto [n, side] : {std::pair<std::int16_t, Side>{1, black}, {2, white}, {0, white}})
-        EXPECT_EQ(sideToMove(n), side) << n;
 }
 
 }  // namespace

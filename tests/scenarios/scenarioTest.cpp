@@ -12,6 +12,7 @@
 #include <iomanip>
 #include <map>
 #include <optional>
+#include <ranges>
 
 #include <sys/stat.h>
 
@@ -42,12 +43,10 @@ Words split(const std::string& line) {
 }
 
 // The pieces of `text` between the separators.
-Words pieces(const std::string& text, const std::string& separator) {
+Words pieces(const std::string& text, std::string_view separator) {
     Words out;
-    for (std::size_t from = 0, to = 0; from < text.size(); from = to + separator.size()) {
-        to = std::min(text.find(separator, from), text.size());
-        out.push_back(text.substr(from, to - from));
-    }
+    for (const auto piece : std::views::split(text, separator))
+        out.emplace_back(piece.begin(), piece.end());
     return out;
 }
 
@@ -61,12 +60,11 @@ std::string text(Point p) {
     return std::to_string(p.x) + "," + std::to_string(p.y);
 }
 
-// Quick stand-ins for the four searches, so that whole games run in microseconds
-// with outcomes that can be worked out by hand. A builder stacks its stones from
-// the top of its own column (x 1 for black, x 2 for white) and has five with its
-// fifth stone there. A wanderer puts its stones on points whose x and y are
-// multiples of 3, x from 15 down, where they never make a line. Computer A and B
-// build at depth 3 and wander below; the kinds that know the other always build.
+// Quick stand-ins for the four searches, so that whole games run in microseconds with outcomes that
+// can be worked out by hand. A builder stacks its stones from the top of its own column (x 1 for
+// black, x 2 for white) and has five with its fifth stone there. A wanderer puts its stones on
+// points whose x and y are multiples of 3, x from 15 down, where they never make a line. Computer A
+// and B build at depth 3 and wander below; the kinds that know the other always build.
 // firstEmpty: the first empty point on the columns firstX, firstX + stepX, ... whose y is a
 // multiple of stepY; failing that the board's first empty point, if any.
 Point firstEmpty(const SearchState& s, int firstX, int stepX, int stepY) {
@@ -362,11 +360,8 @@ TEST_P(Scenario, ReplaysAsWritten) {
     const fs::path file = scenarioDir / (GetParam() + ".txt");
     const std::string expected = readBytes(file);
     std::istringstream in(expected);
-    std::string actual;
-    {
-        ScratchDirectory dir(true);  // the files the steps name live here
-        actual = Runner().run(in);
-    }
+    const ScratchDirectory dir(true);  // the files the steps name live here
+    const std::string actual = Runner().run(in);
     if (std::getenv("QUINTLINE_UPDATE_SCENARIOS")) writeBytes(file, actual);
     EXPECT_EQ(expected, actual);
 }

@@ -21,9 +21,8 @@ struct GameRecord {
 // test binary finds the games whatever directory it runs from.
 inline constexpr const char* gameRecordsPath = QUINTLINE_DATA_DIR "/gomocup-freestyle15.txt";
 
-// Every game of the file, one a line, its moves such as "H8": column letter A..O
-// from the left, row 1..15 from the bottom; a word from "#" on ends the line.
-// An unreadable file gives an empty list.
+// Every game of the file, one a line, its moves such as "H8": column letter A..O from the left, row
+// 1..15 from the bottom; a word from "#" on ends the line. An unreadable file gives an empty list.
 inline std::vector<GameRecord> loadGameRecords() {
     std::vector<GameRecord> games;
     std::ifstream in(gameRecordsPath);

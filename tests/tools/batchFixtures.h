@@ -15,8 +15,7 @@
 
 namespace quintline::testing {
 
-// A real search one ply shallower (at least one): the same game flow in a
-// fraction of the time.
+// A real search one ply shallower (at least one): the same game flow in a fraction of the time.
 template <auto search>
 auto shallower(SearchState& s, std::int16_t step, std::int16_t depth) {
     return search(s, step, static_cast<std::int16_t>(std::max(depth - 1, 1)));

@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -63,27 +62,21 @@ TEST(Statistics, FiguresWorkedOutByHand) {
                       want, "pairs " + std::to_string(counts[0]) + std::to_string(counts[4]));
     }
     // SPRT: bounds ln(beta/(1-alpha)), ln((1-beta)/alpha); LLR 0 without variance.
-    EXPECT_NEAR(sprtBounds(0.05, 0.1).lower, -2.251292, 1e-6);
-    EXPECT_NEAR(sprtBounds(0.05, 0.1).upper, 2.890372, 1e-6);
-    EXPECT_NEAR(sprtLlr({1, 2, 3, 4, 2}, 0, 10), 0.151433, 1e-6);
-    EXPECT_NEAR(sprtLlr({1, 0, 2, 0, 0}, 0, 200), -4.159371, 1e-6);
-    EXPECT_EQ(std::tuple(sprtLlr({0, 0, 5, 0, 0}, 0, 10), sprtLlr({}, 0, 10)),
-              std::tuple(0.0, 0.0));
-    // Wilson at z 1.96, and wider at a larger z.
-    for (const auto& [k, n, low, high] :
-         {std::tuple<std::size_t, std::size_t, double, double>(5, 10, 0.236593, 0.763407),
-          {0, 10, 0.0, 0.277533},
-          {10, 10, 0.722467, 1.0}}) {
-        const auto interval = wilsonInterval(k, n);
-        expectFigures({interval->low, interval->high}, {low, high}, "Wilson " + std::to_string(k));
-    }
+    expectFigures(
+        {sprtBounds(0.05, 0.1).lower, sprtBounds(0.05, 0.1).upper, sprtLlr({1, 2, 3, 4, 2}, 0, 10),
+         sprtLlr({1, 0, 2, 0, 0}, 0, 200), sprtLlr({0, 0, 5, 0, 0}, 0, 10), sprtLlr({}, 0, 10)},
+        {-2.251292, 2.890372, 0.151433, -4.159371, 0.0, 0.0}, "SPRT");
+    // Wilson at z 1.96 out of 10, and wider at a larger z.
+    const auto wilson = [](std::size_t k) { return *wilsonInterval(k, 10); };
+    expectFigures({wilson(5).low, wilson(5).high, wilson(0).low, wilson(0).high, wilson(10).low,
+                   wilson(10).high},
+                  {0.236593, 0.763407, 0.0, 0.277533, 0.722467, 1.0}, "Wilson");
     EXPECT_FALSE(wilsonInterval(0, 0));
     EXPECT_LT(wilsonInterval(5, 10, 2.576)->low, 0.2366);
 }
 
-// Four cycles of 14 games, all drawn but pairings 1 and 2, whose results by
-// cycle are given: A wins both (a pair of 1), draws both (1/2), wins one (1/2),
-// loses both (0).
+// Four cycles of 14 games, all drawn but pairings 1 and 2, whose results by cycle are given: A wins
+// both (a pair of 1), draws both (1/2), wins one (1/2), loses both (0).
 RunTally fourCycles() {
     const GameCode first[] = {blackWon, gameDrawn, whiteWon, whiteWon};
     const GameCode second[] = {whiteWon, gameDrawn, whiteWon, blackWon};

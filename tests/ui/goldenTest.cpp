@@ -45,12 +45,11 @@ QString quoted(QString text) {
     return '"' + text.replace('\\', "\\\\").replace('\n', "\\n").replace('"', "\\\"") + '"';
 }
 
-// The window and its named controls, bottom of the stack first, one line a
-// control: name, class, caption, geometry in twips, enabled, visible, the named
-// object it sits in, then a combo box's items, the marks of a checked or
-// default button, and the items of a menu or of a window's menu bar in their
-// order. Only the window and the controls inside it are measured: a main
-// window's height and a menu's size follow the font.
+// The window and its named controls, bottom of the stack first, one line a control: name, class,
+// caption, geometry in twips, enabled, visible, the named object it sits in, then a combo box's
+// items, the marks of a checked or default button, and the items of a menu or of a window's menu
+// bar in their order. Only the window and the controls inside it are measured: a main window's
+// height and a menu's size follow the font.
 QString controlTable(const QWidget& window, const TwipScale& scale) {
     QString table;
     for (const QWidget* w :
@@ -114,9 +113,8 @@ QRect landing(const QWidget* w, const QString& text) {
     return w->fontMetrics().boundingRect(area, flags, text);
 }
 
-// The first control beside `w` that the rectangle runs into; none when it stays
-// clear. Frames lie behind; a label covers its own text, any other control its
-// whole rectangle.
+// The first control beside `w` that the rectangle runs into; none when it stays clear. Frames lie
+// behind; a label covers its own text, any other control its whole rectangle.
 const QWidget* runsInto(const QWidget* w, const QRect& rect) {
     for (const QWidget* other :
          w->parentWidget()->findChildren<const QWidget*>(Qt::FindDirectChildrenOnly)) {
@@ -189,9 +187,8 @@ TEST(Windows, MatchTheirGoldenFilesAndEveryTextFits) {
     EXPECT_EQ(tableRowsMet, shownLater.size());
 }
 
-// Each board figure as it lands in the retained image: the pixels it changed
-// (their bounds, then how many turned black, white or another colour) on a
-// fresh 8000-twip canvas at 96 dots per inch.
+// Each board figure as it lands in the retained image: the pixels it changed (their bounds, then
+// how many turned black, white or another colour) on a fresh 8000-twip canvas at 96 dots per inch.
 TEST(BoardFigures, DrawIntoTheImageAtItsScale) {
     EXPECT_EQ(ImageCanvas(TwipScale(144), 8000, 6000, 0xD4D0C8).image().size(), QSize(800, 600));
     using namespace figures;

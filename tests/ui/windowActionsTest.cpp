@@ -89,9 +89,8 @@ TEST(MainForm, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
               form.boardPicture().canvas().image());
     act("7 7");
     const Point reply{s.moveRecord[3].x, s.moveRecord[3].y};
-    // Each step, then stepNumLab, the enabled ones of "<" and ">", (7, 7), (8, 8)
-    // and the reply on the picture, and the file named after the title. A board
-    // read stands ready to replay.
+    // Each step, then stepNumLab, the enabled ones of "<" and ">", (7, 7), (8, 8) and the reply on
+    // the picture, and the file named after the title. A board read stands ready to replay.
     const char* const flow[] = {"7 7: 3 < WW BB BW ",
                                 "backwardEnd: 0 > -- -- -- ",
                                 "cmdForw: 1 <> -- BB -- ",
@@ -209,9 +208,8 @@ TEST(BoardFileDialog, NamesAPathInDir1OrNone) {
             QString::fromStdString(path).replace(here, "~") + (dialog.isVisible() ? " open" : ""),
             step.path);
     }
-    // Dir1 shows the way down to the directory, which is selected, then its
-    // subdirectories; an entry activated shows its files in File1, and the
-    // process stays where it was.
+    // Dir1 shows the way down to the directory, which is selected, then its subdirectories; an
+    // entry activated shows its files in File1, and the process stays where it was.
     std::string path;
     BoardFileDialog dialog(open, TwipScale(96), path);
     auto* dirs = in<QListWidget>(dialog, "Dir1");
