@@ -171,6 +171,30 @@ TEST(BatchRun, AReportThatCanNoLongerBeWrittenEndsTheRunAtThatLine) {
 // Every game of a seeded run on an own schedule: its board file is what Save
 // writes after the same game in the library, and the report's line, the CSV
 // row, the SGF collection and the summary's counts say the same of it.
+// A row of the games CSV up to its opening.
+std::string csvRow(int cycle, std::size_t n, const Pairing& p, int result, ResultGroup group) {
+    std::string row;
+    for (const auto& field :
+         {std::to_string(cycle), std::string(), std::to_string(n + 1), std::string(p.label),
+          std::to_string(p.black), std::to_string(p.white), std::to_string(p.depthA),
+          std::to_string(p.depthB), std::to_string(result), std::to_string(group.stones),
+          std::string(1, group.letter)})
+        row += field + ",";
+    return row;
+}
+
+// The SGF tree of a finished game of round `round`, its date and version left out.
+std::string sgfTree(const GameState& s, const std::string& round, const std::string& blackName,
+                    const std::string& whiteName) {
+    std::string tree = "(;FF[4]GM[4]SZ[15]EV[tournament, seed 11]RO[" + round + "]PB[" + blackName +
+                       "]PW[" + whiteName + "]RE[" + std::array{"W+", "0", "B+"}[s.gameResult + 1] +
+                       "]DT[]AP[]";
+    for (int i = 1; i <= s.stepNum; ++i)
+        tree += std::string(s.moveRecord[i].colour == black ? ";B[" : ";W[") +
+                char('a' + s.moveRecord[i].x - 1) + char('a' + s.moveRecord[i].y - 1) + ']';
+    return tree + ")\n";
+}
+
 TEST(Records, EveryOutputHoldsTheLibrarysGames) {
     ScratchDirectory dir;
     const std::string d = dir.path().string() + "/";
@@ -212,28 +236,15 @@ TEST(Records, EveryOutputHoldsTheLibrarysGames) {
             EXPECT_EQ(readBytes(d + "g/" + recordFileName(true, cycle, n + 1)), formatBoardFile(s));
             const Pairing& p = own[n];
             line += std::string(1, group.letter) + ' ' + std::to_string(group.stones) + ' ';
-            for (const auto& field :
-                 {std::to_string(cycle), std::string(), std::to_string(n + 1), std::string(p.label),
-                  std::to_string(p.black), std::to_string(p.white), std::to_string(p.depthA),
-                  std::to_string(p.depthB), std::to_string(s.gameResult),
-                  std::to_string(group.stones), std::string(1, group.letter)})
-                csv += field + ",";
-            csv += stones + "\n";
+            csv += csvRow(cycle, n, p, s.gameResult, group) + stones + "\n";
             const int points = s.gameResult == gameDrawn                                 ? 1
                                : isAFamily(s.gameResult == blackWon ? p.black : p.white) ? 2
                                                                                          : 0;
             ++counts[n][static_cast<std::size_t>(2 - points)];
             counts[n][3] += group.letter == 'A';
             pairPoints += n < 2 ? points : 0;
-            trees += "(;FF[4]GM[4]SZ[15]EV[tournament, seed 11]RO[" + std::to_string(cycle) + "." +
-                     std::to_string(n + 1) + "]PB[" +
-                     (n == 2 ? "A\\]\\\\" : std::string(p.blackCaption)) + "]PW[" + p.whiteCaption +
-                     "]RE[" + std::array{"W+", "0", "B+"}[s.gameResult + 1] + "]DT[]AP[]";
-            for (int i = 1; i <= s.stepNum; ++i)
-                trees += std::string(s.moveRecord[i].colour == black ? ";B[" : ";W[") +
-                         char('a' + s.moveRecord[i].x - 1) + char('a' + s.moveRecord[i].y - 1) +
-                         ']';
-            trees += ")\n";
+            trees += sgfTree(s, std::to_string(cycle) + "." + std::to_string(n + 1),
+                             n == 2 ? "A\\]\\\\" : std::string(p.blackCaption), p.whiteCaption);
         }
         EXPECT_EQ(lines[static_cast<std::size_t>(cycle) + 1], line);
         ++pair[static_cast<std::size_t>(pairPoints)];

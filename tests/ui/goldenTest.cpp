@@ -50,35 +50,37 @@ QString quoted(QString text) {
 // items, the marks of a checked or default button, and the items of a menu or of a window's menu
 // bar in their order. Only the window and the controls inside it are measured: a main window's
 // height and a menu's size follow the font.
+QString controlLine(const QWidget* w, const QWidget& window, const TwipScale& scale) {
+    QString line =
+        w->objectName() + ' ' + w->metaObject()->className() + ' ' + quoted(captionOf(w));
+    const bool measured = !qobject_cast<const QMainWindow*>(w) && (w == &window || !w->isWindow());
+    const QRect r = w->geometry();
+    for (const int px : {r.x(), r.y(), r.width(), r.height()})
+        line += measured ? ' ' + QString::number(std::lround(scale.toTwips(px))) : "";
+    line += measured ? "" : " -";
+    line += w->isEnabled() ? " enabled" : " disabled";
+    line += w->isVisibleTo(&window) ? " visible" : " hidden";
+    const QObject* parent = w == &window ? nullptr : w->parent();
+    while (parent != nullptr && parent->objectName().isEmpty()) parent = parent->parent();
+    line += ' ' + (parent != nullptr ? parent->objectName() : "-");
+    if (auto* combo = qobject_cast<const QComboBox*>(w))
+        for (int i = 0; i < combo->count(); ++i) line += ' ' + quoted(combo->itemText(i));
+    for (const char* mark : {"checked", "default", "autoDefault"})
+        line += w->property(mark).toBool() ? QString(' ') + mark : "";
+    QList<QAction*> items;
+    if (auto* menu = qobject_cast<const QMenu*>(w)) items = menu->actions();
+    if (auto* main = qobject_cast<const QMainWindow*>(w)) items = main->menuBar()->actions();
+    for (const QAction* item : items)
+        line += ' ' + (item->menu() ? item->menu()->objectName() : item->objectName()) + ' ' +
+                quoted(item->text());
+    return line + '\n';
+}
+
 QString controlTable(const QWidget& window, const TwipScale& scale) {
     QString table;
-    for (const QWidget* w :
-         QList<const QWidget*>{&window} + window.findChildren<const QWidget*>()) {
-        if (w->objectName().isEmpty() || w->objectName().startsWith("qt_")) continue;
-        table += w->objectName() + ' ' + w->metaObject()->className() + ' ' + quoted(captionOf(w));
-        const bool measured =
-            !qobject_cast<const QMainWindow*>(w) && (w == &window || !w->isWindow());
-        const QRect r = w->geometry();
-        for (const int px : {r.x(), r.y(), r.width(), r.height()})
-            table += measured ? ' ' + QString::number(std::lround(scale.toTwips(px))) : "";
-        table += measured ? "" : " -";
-        table += w->isEnabled() ? " enabled" : " disabled";
-        table += w->isVisibleTo(&window) ? " visible" : " hidden";
-        const QObject* parent = w == &window ? nullptr : w->parent();
-        while (parent != nullptr && parent->objectName().isEmpty()) parent = parent->parent();
-        table += ' ' + (parent != nullptr ? parent->objectName() : "-");
-        if (auto* combo = qobject_cast<const QComboBox*>(w))
-            for (int i = 0; i < combo->count(); ++i) table += ' ' + quoted(combo->itemText(i));
-        for (const char* mark : {"checked", "default", "autoDefault"})
-            table += w->property(mark).toBool() ? QString(' ') + mark : "";
-        QList<QAction*> items;
-        if (auto* menu = qobject_cast<const QMenu*>(w)) items = menu->actions();
-        if (auto* main = qobject_cast<const QMainWindow*>(w)) items = main->menuBar()->actions();
-        for (const QAction* item : items)
-            table += ' ' + (item->menu() ? item->menu()->objectName() : item->objectName()) + ' ' +
-                     quoted(item->text());
-        table += '\n';
-    }
+    for (const QWidget* w : QList<const QWidget*>{&window} + window.findChildren<const QWidget*>())
+        if (!w->objectName().isEmpty() && !w->objectName().startsWith("qt_"))
+            table += controlLine(w, window, scale);
     return table;
 }
 
@@ -125,6 +127,15 @@ const QWidget* runsInto(const QWidget* w, const QRect& rect) {
             return other;
     }
     return nullptr;
+}
+
+// `text` shown in `w` stays inside its text area and runs into no neighbour.
+void expectFits(const QWidget* w, const QString& text, const QString& where) {
+    const QRect box = landing(w, text), area = textArea(w).first;
+    const QWidget* hit = text.isEmpty() ? nullptr : runsInto(w, box);
+    EXPECT_TRUE(text.isEmpty() || (area.contains(box) && !hit))
+        << qPrintable(where + " \"" + text + "\" leaves its area or runs into ")
+        << (hit ? qPrintable(hit->objectName()) : "nothing");
 }
 
 TEST(Windows, MatchTheirGoldenFilesAndEveryTextFits) {
@@ -175,16 +186,25 @@ TEST(Windows, MatchTheirGoldenFilesAndEveryTextFits) {
                 for (std::string_view text : later->second)
                     texts << QString::fromUtf8(text.data(), qsizetype(text.size()));
             }
-            for (const QString& text : texts) {
-                const QRect box = landing(w, text), area = textArea(w).first;
-                const QWidget* hit = text.isEmpty() ? nullptr : runsInto(w, box);
-                EXPECT_TRUE(text.isEmpty() || (area.contains(box) && !hit))
-                    << qPrintable(where + " \"" + text + "\" leaves its area or runs into ")
-                    << (hit ? qPrintable(hit->objectName()) : "nothing");
-            }
+            for (const QString& text : texts) expectFits(w, text, where);
         }
     }
     EXPECT_EQ(tableRowsMet, shownLater.size());
+}
+
+// The bounds of the pixels that differ, then how many of them are black, white or another colour.
+QString changedPixels(const QImage& before, const QImage& after) {
+    QRect changed;
+    int counts[3] = {};
+    for (int y = 0; y < before.height(); ++y)
+        for (int x = 0; x < before.width(); ++x)
+            if (const QRgb p = after.pixel(x, y); p != before.pixel(x, y)) {
+                changed |= QRect(x, y, 1, 1);
+                ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
+            }
+    return QString::asprintf(": %d %d %d %d black %d white %d other %d\n", changed.left(),
+                             changed.top(), changed.right(), changed.bottom(), counts[0], counts[1],
+                             counts[2]);
 }
 
 // Each board figure as it lands in the retained image: the pixels it changed (their bounds, then
@@ -216,17 +236,7 @@ TEST(BoardFigures, DrawIntoTheImageAtItsScale) {
         if (d.figure == 'F') candidateFrames(c, 533, std::span(frames, d.at.x ? 2 : 0));
         if (d.figure == 'F') c.line(0, 6000, 8000, 6000);  // in the pen's width again
         if (d.figure == 'G') clearAndGrid(c);
-        QRect changed;
-        int counts[3] = {};  // black, white, other
-        for (int y = 0; y < blank.height(); ++y)
-            for (int x = 0; x < blank.width(); ++x)
-                if (const QRgb p = c.image().pixel(x, y); p != blank.pixel(x, y)) {
-                    changed |= QRect(x, y, 1, 1);
-                    ++counts[p == 0xFF000000 ? 0 : p == 0xFFFFFFFF ? 1 : 2];
-                }
-        drawn += QString::asprintf("%s: %d %d %d %d black %d white %d other %d\n", d.name,
-                                   changed.left(), changed.top(), changed.right(), changed.bottom(),
-                                   counts[0], counts[1], counts[2]);
+        drawn += d.name + changedPixels(blank, c.image());
     }
     expectGolden("figures", drawn);
 }

@@ -42,52 +42,58 @@ struct PaintCounter : QObject {
     }
 };
 
+// The point (x, y) in the picture's pixels, `dx` twips right of its centre.
+QPoint pixelAt(MainForm& form, int x, int y, double dx = 0) {
+    const GameState& s = form.game().state();
+    return QPoint(int(form.scale().toPixels((x - 0.5) * s.cellSize + dx)),
+                  int(form.scale().toPixels((y - 0.5) * s.cellSize)));
+}
+
+// Each point as its centre then its ring: B black, W white, - the background.
+QString picture(MainForm& form, std::initializer_list<Point> points) {
+    QString shown;
+    for (const Point p : points) {
+        for (const double dx : {0.0, 133.25}) {
+            const QColor c =
+                form.boardPicture().canvas().image().pixel(pixelAt(form, p.x, p.y, dx));
+            const QColor ground = form.palette().color(QPalette::Button);
+            shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : c == ground ? '-' : '?';
+        }
+        shown += ' ';
+    }
+    return shown;
+}
+
+// Triggers a menu item, clicks a control, clicks the point "x y" on the
+// board with the right button (any button plays), or names the file of a
+// board file dialog item ("save b.txt"; none: Cancel).
+void act(MainForm& form, const QString& step) {
+    const QStringList words = step.split(' ');
+    if (words[0] == "save" || words[0] == "read") {
+        whenModal([file = words.value(1)](QWidget& dialog) {
+            nameBoardFile(dialog, file, file);
+            QTest::mouseClick(in(dialog, file.isEmpty() ? "CancelButton" : "OKButton"),
+                              Qt::LeftButton);
+        });
+    }
+    if (auto* item = in<QAction>(form, words[0])) return item->trigger();
+    if (words.size() < 2) return QTest::mouseClick(in(form, step), Qt::LeftButton);
+    QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {},
+                      pixelAt(form, words[0].toInt(), words[1].toInt()));
+}
+
 // A chosen board file's path goes into the title bar, after the title; Cancel
 // leaves it. Settings refuse a bad depth, then set the players and show them again.
 TEST(MainForm, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
     MainForm form;
     GameState& s = form.game().state();
-    const auto pixelAt = [&](int x, int y, double dx = 0) {
-        return QPoint(int(form.scale().toPixels((x - 0.5) * s.cellSize + dx)),
-                      int(form.scale().toPixels((y - 0.5) * s.cellSize)));
-    };
-    // Each point as its centre then its ring: B black, W white, - the background.
-    const auto picture = [&](std::initializer_list<Point> points) {
-        QString shown;
-        for (const Point p : points) {
-            for (const double dx : {0.0, 133.25}) {
-                const QColor c = form.boardPicture().canvas().image().pixel(pixelAt(p.x, p.y, dx));
-                const QColor ground = form.palette().color(QPalette::Button);
-                shown += c == Qt::black ? 'B' : c == Qt::white ? 'W' : c == ground ? '-' : '?';
-            }
-            shown += ' ';
-        }
-        return shown;
-    };
-    // Triggers a menu item, clicks a control, clicks the point "x y" on the
-    // board with the right button (any button plays), or names the file of a
-    // board file dialog item ("save b.txt"; none: Cancel).
-    const auto act = [&](const QString& step) {
-        const QStringList words = step.split(' ');
-        if (words[0] == "save" || words[0] == "read") {
-            whenModal([file = words.value(1)](QWidget& dialog) {
-                nameBoardFile(dialog, file, file);
-                QTest::mouseClick(in(dialog, file.isEmpty() ? "CancelButton" : "OKButton"),
-                                  Qt::LeftButton);
-            });
-        }
-        if (auto* item = in<QAction>(form, words[0])) return item->trigger();
-        if (words.size() < 2) return QTest::mouseClick(in(form, step), Qt::LeftButton);
-        QTest::mouseClick(&form.boardPicture(), Qt::RightButton, {},
-                          pixelAt(words[0].toInt(), words[1].toInt()));
-    };
     QTemporaryDir scratch;
     const QString previous = QDir::currentPath(), title = form.windowTitle();
     ASSERT_TRUE(QDir::setCurrent(scratch.path()));
     form.show();
     EXPECT_EQ(form.boardPicture().grab().toImage().convertToFormat(QImage::Format_RGB32),
               form.boardPicture().canvas().image());
-    act("7 7");
+    act(form, "7 7");
     const Point reply{s.moveRecord[3].x, s.moveRecord[3].y};
     // Each step, then stepNumLab, the enabled ones of "<" and ">", (7, 7), (8, 8) and the reply on
     // the picture, and the file named after the title. A board read stands ready to replay.
@@ -103,12 +109,12 @@ TEST(MainForm, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
                                 "cmdForwardEnd: 3 < WW BB BB b.txt"};
     for (const QString row : flow) {
         const QString step = row.section(": ", 0, 0);
-        act(step);
+        act(form, step);
         EXPECT_EQ(step + ": " + in<QLabel>(form, "stepNumLab")->text() + ' ' +
                       (in(form, "cmdBack")->isEnabled() ? "<" : "") +
                       (in(form, "cmdForw")->isEnabled() ? ">" : "") + ' ' +
-                      picture({{7, 7}, {8, 8}, reply}) +
-                      (s.suggestionOn ? picture({{s.bestX[1], s.bestY[1]}}) : QString()) +
+                      picture(form, {{7, 7}, {8, 8}, reply}) +
+                      (s.suggestionOn ? picture(form, {{s.bestX[1], s.bestY[1]}}) : QString()) +
                       form.windowTitle().remove(title).remove("      " + scratch.path() + "/"),
                   row);
     }
@@ -129,14 +135,14 @@ TEST(MainForm, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
         EXPECT_TRUE(dialog.isVisible());  // refused: the dialog stays
         fill(dialog, "2", "User", "OKButton");
     });
-    act("sr");
+    act(form, "sr");
     whenModal([&](QWidget& dialog) { fill(dialog, "2", "Computer B", "CancelButton"); });
-    act("sr");
+    act(form, "sr");
     // The design depth again, the players kept.
     EXPECT_EQ(shown.toStdString(),
               "3 Computer A|search depth must be a whole number from 1 to 9|12 User|3 User|");
     EXPECT_TRUE(s.depthA == 2 && s.blackSide == userKind);
-    act("one");
+    act(form, "one");
     EXPECT_TRUE(s.cycleCount == 1 && QFile::exists("result.txt"));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     QApplication::processEvents();
@@ -148,7 +154,7 @@ TEST(MainForm, ClicksItemsAndDialogsReachTheGameAndItsFiguresThePicture) {
     EXPECT_TRUE(beforeRepaint == 0 && counter.paints >= 1);
     // Quit ends the event loop at once, asking and closing nothing; a fallback
     // ends it with another code.
-    QTimer::singleShot(0, &form, [&] { act("quit"); });
+    QTimer::singleShot(0, &form, [&] { act(form, "quit"); });
     QTimer::singleShot(3000, [] { QCoreApplication::exit(1); });
     EXPECT_TRUE(QApplication::exec() == 0 && form.isVisible());
     QDir::setCurrent(previous);
