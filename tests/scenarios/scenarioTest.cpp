@@ -12,7 +12,6 @@
 #include <iomanip>
 #include <map>
 #include <optional>
-#include <ranges>
 
 #include <sys/stat.h>
 
@@ -43,10 +42,12 @@ Words split(const std::string& line) {
 }
 
 // The pieces of `text` between the separators.
-Words pieces(const std::string& text, std::string_view separator) {
+Words pieces(const std::string& text, const std::string& separator) {
     Words out;
-    for (const auto piece : std::views::split(text, separator))
-        out.emplace_back(piece.begin(), piece.end());
+    for (std::size_t from = 0, to = 0; from < text.size(); from = to + separator.size()) {
+        to = std::min(text.find(separator, from), text.size());
+        out.push_back(text.substr(from, to - from));
+    }
     return out;
 }
 
