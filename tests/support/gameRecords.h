@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -21,19 +22,24 @@ struct GameRecord {
 // test binary finds the games whatever directory it runs from.
 inline constexpr const char* gameRecordsPath = QUINTLINE_DATA_DIR "/gomocup-freestyle15.txt";
 
-// Every game of the file, one a line, its moves such as "H8": column letter A..O from the left, row
-// 1..15 from the bottom; a word from "#" on ends the line. An unreadable file gives an empty list.
+// A point as the records write it, such as "H8": column letter A..O from the
+// left, row 1..15 from the bottom; none for any other word.
+inline std::optional<Point> recordPoint(const std::string& word) {
+    const int row = word.empty() ? 0 : std::atoi(word.c_str() + 1);
+    if (row < 1 || row > boardSize || word[0] < 'A' || word[0] > 'O') return std::nullopt;
+    return Point{std::int16_t(word[0] - 'A' + 1), std::int16_t(16 - row)};
+}
+
+// Every game of the file, one a line, its moves as recordPoint reads them; a
+// word from "#" on ends the line. An unreadable file gives an empty list.
 inline std::vector<GameRecord> loadGameRecords() {
     std::vector<GameRecord> games;
     std::ifstream in(gameRecordsPath);
     for (std::string line; std::getline(in, line);) {
         std::istringstream words(line);
         GameRecord game;
-        for (std::string word; words >> word && word[0] != '#';) {
-            const int row = std::atoi(word.c_str() + 1);
-            if (word[0] >= 'A' && word[0] <= 'O' && row >= 1 && row <= boardSize)
-                game.moves.push_back({std::int16_t(word[0] - 'A' + 1), std::int16_t(16 - row)});
-        }
+        for (std::string word; words >> word && word[0] != '#';)
+            if (const auto p = recordPoint(word)) game.moves.push_back(*p);
         if (!game.moves.empty()) games.push_back(std::move(game));
     }
     return games;

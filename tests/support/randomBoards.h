@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "players/searchState.h"
+#include "support/gameRecords.h"
 
 namespace quintline::testing::boards {
 
@@ -39,16 +40,16 @@ inline Samples randomPositions(int count, std::uint32_t seed, int most, int box,
     return samples;
 }
 
-// A board from its stones, "a5 f8 ...": column letter, row number; with
+// A board from its stones, points as the game records write them ("H8"); with
 // `swapped` every stone changes colour and the other side moves.
 inline SearchState fromStones(const std::string& blacks, const std::string& whites, bool swapped) {
     SearchState s;
     for (const auto& [stones, side] : {std::pair(blacks, black), {whites, white}}) {
         std::istringstream points(stones);
-        for (std::string p; points >> p; ++s.stepNum)
-            placeStone(s.position, static_cast<std::int16_t>(p[0] - 'a' + 1),
-                       static_cast<std::int16_t>(std::stoi(p.substr(1))),
-                       swapped ? static_cast<Side>(-side) : side);
+        for (std::string word; points >> word; ++s.stepNum) {
+            const Point p = recordPoint(word).value();
+            placeStone(s.position, p.x, p.y, swapped ? static_cast<Side>(-side) : side);
+        }
     }
     s.stepNum = static_cast<std::int16_t>(s.stepNum / 2 * 2 + (swapped ? 1 : 0));
     return s;
@@ -85,10 +86,10 @@ inline Samples onThresholds() {
     }
     for (const bool swapped : {false, true})
         samples.push_back(fromStones(
-            "a5 f8 f11 g8 h8 o1",
-            "a2 a3 a7 a11 b1 b2 b5 b6 b8 b11 b12 b13 c3 c13 c15 d1 d2 d4 d11 f1 f2 f3 f14 g5 h2 h4 "
-            "h12 h13 i1 i13 k2 k4 k5 k11 k14 k15 l5 l11 l13 m7 m10 m12 m14 m15 n2 n3 n4 n8 n12 n14 "
-            "o2 o11 o13 o15",
+            "A11 F8 F5 G8 H8 O15",
+            "A14 A13 A9 A5 B15 B14 B11 B10 B8 B5 B4 B3 C13 C3 C1 D15 D14 D12 D5 F15 F14 F13 F2 G11 "
+            "H14 H12 H4 H3 I15 I3 K14 K12 K11 K5 K2 K1 L11 L5 L3 M9 M6 M4 M2 M1 N14 N13 N12 N8 N4 "
+            "N2 O14 O5 O3 O1",
             swapped));
     return samples;
 }
